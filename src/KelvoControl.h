@@ -20,3 +20,6 @@
 #endif
 
 // Foundation
+#include "foundation/decimal.h"
+#include "foundation/json_number.h"
+#include "foundation/value_safe_wrapper.h"

@@ -1,8 +1,7 @@
 #include "foundation/platform_window.h"
 
-#include <QRect>
-#include <QVariant>
 #include <QWidget>
+#include <QWindow>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -11,43 +10,28 @@
 namespace kelvo {
 namespace platform {
 
-namespace {
-// On Windows the Qt flag is not touched (that would re-create the native window),
-// so the state is kept beside it.
-char const *const kTopMostProperty = "_kelvo_stay_on_top";
-} // namespace
-
 void SetStayOnTop(QWidget *widget, bool on)
 {
     if (!widget)
         return;
     QWidget *window = widget->window();
-    if (IsStayOnTop(window) == on)
-        return;
-    window->setProperty(kTopMostProperty, on);
+    Qt::WindowFlags flags = window->windowFlags();
+    flags.setFlag(Qt::WindowStaysOnTopHint, on);
+    // setWindowFlags would hide the window and make its native window anew; record
+    // the flag only and tell the window system directly.
+    window->overrideWindowFlags(flags);
 #ifdef Q_OS_WIN
-    ::SetWindowPos(reinterpret_cast<HWND>(window->winId()), on ? HWND_TOPMOST : HWND_NOTOPMOST,
-                   0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    ::SetWindowPos(reinterpret_cast<HWND>(window->winId()), on ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+                   SWP_NOSIZE | SWP_NOMOVE | SWP_NOOWNERZORDER);
 #else
-    const bool visible = window->isVisible();
-    const bool active = window->isActiveWindow();
-    const QRect geometry = window->geometry();
-    // setWindowFlag hides a shown window; put it back where it was.
-    window->setWindowFlag(Qt::WindowStaysOnTopHint, on);
-    if (visible) {
-        window->setGeometry(geometry);
-        window->show();
-        if (active)
-            window->activateWindow();
-    }
+    if (QWindow *native = window->windowHandle())
+        native->setFlags(flags);
 #endif
 }
 
 bool IsStayOnTop(QWidget const *widget)
 {
-    if (!widget)
-        return false;
-    return widget->window()->property(kTopMostProperty).toBool();
+    return widget && widget->window()->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
 }
 
 } // namespace platform

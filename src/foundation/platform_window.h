@@ -7,14 +7,17 @@ class QWidget;
 namespace kelvo {
 namespace platform {
 
-// Keeps the top-level window of `widget` above other windows (on == true) or
-// releases it. Geometry, visibility and the active state survive the change.
-// Windows: SetWindowPos with HWND_TOPMOST / HWND_NOTOPMOST, no re-creation.
-// Elsewhere: Qt::WindowStaysOnTopHint, re-applied to a shown window, which the
-// window manager then honours.
+// Keeps the top-level window of `widget` above other windows (on == true) or releases
+// it. The window is neither hidden nor re-created: geometry, visibility and focus stay.
+// Afterwards the window's Qt flags carry Qt::WindowStaysOnTopHint exactly while it is
+// pinned, on every platform. A null widget is ignored.
+// Windows: SetWindowPos with HWND_TOPMOST / HWND_NOTOPMOST on the native window.
+// Elsewhere: the hint is handed to the window system for the existing native window
+// (on X11 the window manager's "above" state); a window not yet created gets it when
+// it is created.
 void SetStayOnTop(QWidget *widget, bool on);
 
-// Whether SetStayOnTop(widget, true) is in force for the window of `widget`.
+// Whether the window of `widget` is kept on top.
 bool IsStayOnTop(QWidget const *widget);
 
 } // namespace platform
