@@ -1,0 +1,497 @@
+#include "textengine/quick_search.h"
+
+#include "textengine/wildcard.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <string_view>
+
+namespace search {
+
+namespace {
+
+using detail::Element;
+using detail::ElementKind;
+
+char32_t FoldAscii(char32_t c)
+{
+    return c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c;
+}
+
+// Ids that contain one gram: ascending ids, delta-coded in little-endian base-128 groups,
+// so a dense list costs about a byte an id.
+struct Posting {
+    std::vector<uint8_t> bytes;
+    int last = 0;
+    uint32_t count = 0;
+    bool sorted = true;
+
+    void Put(uint32_t v)
+    {
+        if (bytes.empty())
+            bytes.reserve(8); // skips the smallest growth steps; most lists stay this short
+        while (v >= 0x80) {
+            bytes.push_back(uint8_t(v | 0x80));
+            v >>= 7;
+        }
+        bytes.push_back(uint8_t(v));
+    }
+
+    void Add(int id)
+    {
+        if (count > 0) {
+            if (id == last)
+                return;
+            if (id < last)
+                sorted = false;
+        }
+        Put(uint32_t(id) - uint32_t(last)); // wraps for a first negative id, undone on decode
+        last = id;
+        ++count;
+    }
+
+    template<typename F>
+    void ForEach(F &&f) const
+    {
+        uint32_t acc = 0;
+        const uint8_t *p = bytes.data();
+        const uint8_t *end = p + bytes.size();
+        while (p < end) {
+            uint32_t v = 0;
+            int shift = 0;
+            while (p < end && (*p & 0x80)) {
+                v |= uint32_t(*p++ & 0x7F) << shift;
+                shift += 7;
+            }
+            if (p < end)
+                v |= uint32_t(*p++) << shift;
+            acc += v;
+            if (!f(int(acc)))
+                return;
+        }
+    }
+
+    // Ids that came out of order are put in order, once, when the list is first read.
+    void Normalize()
+    {
+        if (sorted)
+            return;
+        std::vector<int> ids;
+        ids.reserve(count);
+        ForEach([&ids](int id) {
+            ids.push_back(id);
+            return true;
+        });
+        std::sort(ids.begin(), ids.end());
+        ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
+        bytes.clear();
+        count = 0;
+        last = 0;
+        sorted = true;
+        for (int id : ids)
+            Add(id);
+        bytes.shrink_to_fit();
+    }
+};
+
+// Open-addressing map from a packed gram to its posting list number; 0 marks a free slot,
+// which no packed gram is.
+class GramMap
+{
+public:
+    uint32_t Find(uint64_t key) const
+    {
+        if (m_keys.empty())
+            return 0;
+        for (size_t i = Home(key);; i = (i + 1) & m_mask) {
+            if (m_keys[i] == key)
+                return m_values[i];
+            if (m_keys[i] == 0)
+                return 0;
+        }
+    }
+
+    // The slot of key, made (holding 0) if new.
+    uint32_t &Slot(uint64_t key)
+    {
+        if ((m_used + 1) * 2 > m_keys.size())
+            Grow();
+        size_t i = Home(key);
+        while (m_keys[i] != key && m_keys[i] != 0)
+            i = (i + 1) & m_mask;
+        if (m_keys[i] == 0) {
+            m_keys[i] = key;
+            ++m_used;
+        }
+        return m_values[i];
+    }
+
+    void Clear()
+    {
+        m_keys.clear();
+        m_values.clear();
+        m_keys.shrink_to_fit();
+        m_values.shrink_to_fit();
+        m_used = 0;
+        m_mask = 0;
+        m_shift = 64;
+    }
+
+    size_t Bytes() const { return m_keys.capacity() * 8 + m_values.capacity() * 4; }
+
+private:
+    size_t Home(uint64_t key) const { return size_t((key * 0x9E3779B97F4A7C15ull) >> m_shift); }
+
+    void Grow()
+    {
+        std::vector<uint64_t> keys;
+        std::vector<uint32_t> values;
+        keys.swap(m_keys);
+        values.swap(m_values);
+        const size_t size = keys.empty() ? 1024 : keys.size() * 2;
+        m_keys.assign(size, 0);
+        m_values.assign(size, 0);
+        m_mask = size - 1;
+        m_shift = 64;
+        for (size_t s = size; s > 1; s >>= 1)
+            --m_shift;
+        m_used = 0;
+        for (size_t i = 0; i < keys.size(); ++i)
+            if (keys[i] != 0)
+                Slot(keys[i]) = values[i];
+    }
+
+    std::vector<uint64_t> m_keys;
+    std::vector<uint32_t> m_values;
+    size_t m_used = 0;
+    size_t m_mask = 0;
+    int m_shift = 64;
+};
+
+// Printable ASCII without the lower-case letters (texts are folded) gets a small number,
+// so that single characters and pairs of them index flat tables instead of the hash map.
+constexpr unsigned kSymbols = 70;
+
+unsigned Symbol(char32_t c)
+{
+    if (c >= 0x20 && c <= 0x60)
+        return unsigned(c) - 0x1F;
+    if (c >= 0x7B && c <= 0x7E)
+        return unsigned(c) - 0x7B + 66;
+    return 0;
+}
+
+struct TextRef {
+    int id;
+    uint32_t offset;
+    uint32_t length;
+};
+
+} // namespace
+
+class QuickSearch::Impl
+{
+public:
+    // Posting list number (0 for none) of the gram g[0..len).
+    uint32_t Find(const char32_t *g, int len) const
+    {
+        size_t at = 0;
+        if (!InDenseTable(g, len, at))
+            return m_others.Find(Pack(g, len));
+        const std::vector<uint32_t> &dense = m_dense[len - 1];
+        return at < dense.size() ? dense[at] : 0;
+    }
+
+    void Add(const char32_t *g, int len, int id)
+    {
+        size_t at = 0;
+        uint32_t *slot = nullptr;
+        if (InDenseTable(g, len, at)) {
+            std::vector<uint32_t> &dense = m_dense[len - 1];
+            if (dense.empty())
+                dense.assign(len == 1 ? kSymbols : kSymbols * kSymbols, 0);
+            slot = &dense[at];
+        } else {
+            slot = &m_others.Slot(Pack(g, len));
+        }
+        if (*slot == 0) {
+            m_lists.emplace_back();
+            *slot = uint32_t(m_lists.size() - 1);
+        }
+        m_lists[*slot].Add(id);
+    }
+
+    void Insert(const std::wstring &text, int id)
+    {
+        // Scratch buffers live in the index: inserting is the hot loop of a rebuild.
+        std::vector<char32_t> &cps = m_scratchCps;
+        std::string &utf8 = m_scratchUtf8;
+        detail::WideToCodePoints(text.data(), text.size(), cps);
+        utf8.clear();
+        for (char32_t &c : cps) {
+            c = FoldAscii(c);
+            detail::AppendUtf8(utf8, c);
+        }
+        // The usual duplicates (a code whose pinyin forms are the code itself) come right
+        // after each other; out-of-order ones are caught in SortTexts.
+        for (size_t i = m_texts.size(), seen = 0; i-- > 0 && m_texts[i].id == id && seen < 64;
+             ++seen) {
+            if (View(m_texts[i]) == utf8)
+                return;
+        }
+        if (m_chars.size() + utf8.size() > std::numeric_limits<uint32_t>::max())
+            return; // beyond what a 32-bit offset reaches: more than any name list needs
+        if (!m_texts.empty() && id < m_texts.back().id)
+            m_textsSorted = false;
+        m_texts.push_back({id, uint32_t(m_chars.size()), uint32_t(utf8.size())});
+        m_chars += utf8;
+
+        const size_t n = cps.size();
+        for (size_t i = 0; i < n; ++i) {
+            Add(&cps[i], 1, id);
+            if (i + 1 < n)
+                Add(&cps[i], 2, id);
+            if (i + 2 < n)
+                Add(&cps[i], 3, id);
+        }
+    }
+
+    void Search(const std::wstring &key, std::vector<int> &ids);
+
+    void SortTexts()
+    {
+        if (m_textsSorted)
+            return;
+        std::sort(m_texts.begin(), m_texts.end(), [this](const TextRef &a, const TextRef &b) {
+            return a.id != b.id ? a.id < b.id : View(a) < View(b);
+        });
+        m_texts.erase(std::unique(m_texts.begin(), m_texts.end(),
+                                  [this](const TextRef &a, const TextRef &b) {
+                                      return a.id == b.id && View(a) == View(b);
+                                  }),
+                      m_texts.end());
+        m_textsSorted = true;
+    }
+
+    void Clear()
+    {
+        for (std::vector<uint32_t> &dense : m_dense) {
+            dense.clear();
+            dense.shrink_to_fit();
+        }
+        m_others.Clear();
+        m_lists.clear();
+        m_lists.shrink_to_fit();
+        m_lists.emplace_back(); // number 0 means "no list"
+        m_texts.clear();
+        m_texts.shrink_to_fit();
+        m_chars.clear();
+        m_chars.shrink_to_fit();
+        m_textsSorted = true;
+    }
+
+    size_t Bytes() const
+    {
+        size_t bytes = sizeof(*this) + m_others.Bytes() + m_lists.capacity() * sizeof(Posting)
+            + m_texts.capacity() * sizeof(TextRef) + m_chars.capacity();
+        for (const std::vector<uint32_t> &dense : m_dense)
+            bytes += dense.capacity() * 4;
+        for (const Posting &p : m_lists)
+            bytes += p.bytes.capacity();
+        return bytes;
+    }
+
+    std::string_view View(const TextRef &t) const
+    {
+        return std::string_view(m_chars.data() + t.offset, t.length);
+    }
+
+    Impl() { Clear(); }
+
+    std::vector<Posting> m_lists;
+    std::vector<TextRef> m_texts;
+    bool m_textsSorted = true;
+
+private:
+    // Whether the gram goes to the flat table of its length, and at which place.
+    static bool InDenseTable(const char32_t *g, int len, size_t &at)
+    {
+        at = 0;
+        if (len > 2)
+            return false; // a flat trigram table would cost every small index a megabyte
+        for (int i = 0; i < len; ++i) {
+            const unsigned sym = Symbol(g[i]);
+            if (sym == 0)
+                return false;
+            at = at * kSymbols + sym;
+        }
+        return true;
+    }
+
+    static uint64_t Pack(const char32_t *g, int len)
+    {
+        uint64_t key = 0;
+        for (int i = 0; i < len; ++i)
+            key = (key << 21) | uint64_t(g[i] + 1);
+        return key;
+    }
+
+    std::vector<uint32_t> m_dense[2]; // grams of one and two table characters
+    GramMap m_others;
+    std::string m_chars;
+    std::vector<char32_t> m_scratchCps;
+    std::string m_scratchUtf8;
+};
+
+void QuickSearch::Impl::Search(const std::wstring &key, std::vector<int> &ids)
+{
+    ids.clear();
+    SortTexts();
+
+    // The key as the filter's pattern sees it: blanks are stars, ASCII is folded.
+    std::string pattern;
+    for (char32_t c : detail::WideToCodePoints(key.data(), key.size()))
+        detail::AppendUtf8(pattern, c == ' ' ? char32_t('*') : FoldAscii(c));
+
+    // Literal runs between wildcards; each must occur in a matching text.
+    std::vector<std::vector<char32_t>> runs(1);
+    bool checkShape = false; // '?' or a class: containment of the runs is not enough
+    for (size_t pos = 0; pos < pattern.size();) {
+        const Element e = detail::ParseElement(pattern.data(), pattern.size(), pos);
+        if (pattern[pos] == '\\' && pos + 1 == pattern.size()) {
+            pattern.pop_back();
+            break;
+        }
+        if (e.kind == ElementKind::Literal) {
+            runs.back().push_back(e.cp);
+        } else {
+            checkShape = checkShape || e.kind != ElementKind::Star;
+            if (!runs.back().empty())
+                runs.emplace_back();
+        }
+        pos = e.next;
+    }
+    if (runs.back().empty())
+        runs.pop_back();
+
+    const bool verify = checkShape || runs.size() > 1 || (runs.size() == 1 && runs[0].size() > 3);
+
+    std::vector<int> candidates;
+    if (runs.empty()) {
+        for (const TextRef &t : m_texts)
+            if (candidates.empty() || candidates.back() != t.id)
+                candidates.push_back(t.id);
+    } else {
+        std::vector<uint32_t> lists;
+        for (const std::vector<char32_t> &run : runs) {
+            const size_t len = run.size();
+            const size_t grams = len <= 3 ? 1 : len - 2;
+            for (size_t i = 0; i < grams; ++i) {
+                const uint32_t list = Find(&run[i], int(std::min<size_t>(len, 3)));
+                if (list == 0)
+                    return; // a run no text contains
+                lists.push_back(list);
+            }
+        }
+        std::sort(lists.begin(), lists.end());
+        lists.erase(std::unique(lists.begin(), lists.end()), lists.end());
+        for (uint32_t l : lists)
+            m_lists[l].Normalize();
+        std::sort(lists.begin(), lists.end(), [this](uint32_t a, uint32_t b) {
+            return m_lists[a].count < m_lists[b].count;
+        });
+
+        const Posting &smallest = m_lists[lists[0]];
+        candidates.reserve(smallest.count);
+        smallest.ForEach([&candidates](int id) {
+            candidates.push_back(id);
+            return true;
+        });
+        for (size_t li = 1; li < lists.size(); ++li) {
+            const Posting &next = m_lists[lists[li]];
+            // Once few candidates are left, reading their texts beats decoding a long list.
+            if (candidates.size() * 64 < next.count)
+                break;
+            size_t keep = 0;
+            size_t at = 0;
+            next.ForEach([&](int id) {
+                while (at < candidates.size() && candidates[at] < id)
+                    ++at;
+                if (at == candidates.size())
+                    return false;
+                if (candidates[at] == id)
+                    candidates[keep++] = candidates[at++];
+                return true;
+            });
+            candidates.resize(keep);
+            if (candidates.empty())
+                return;
+        }
+    }
+
+    if (!verify) {
+        ids.swap(candidates);
+        return;
+    }
+
+    const bool plain = !checkShape && runs.size() == 1;
+    std::string needle;
+    if (plain) {
+        for (char32_t c : runs[0])
+            detail::AppendUtf8(needle, c);
+    } else {
+        pattern.insert(pattern.begin(), '*');
+        pattern.push_back('*');
+    }
+    auto text = m_texts.begin();
+    for (int id : candidates) {
+        text = std::lower_bound(text, m_texts.end(), id,
+                                [](const TextRef &t, int v) { return t.id < v; });
+        for (auto t = text; t != m_texts.end() && t->id == id; ++t) {
+            const std::string_view s = View(*t);
+            const bool hit = plain ? s.find(needle) != std::string_view::npos
+                                   : detail::WildcardMatch(pattern.data(), pattern.size(),
+                                                           s.data(), s.size());
+            if (hit) {
+                ids.push_back(id);
+                break;
+            }
+        }
+    }
+}
+
+QuickSearch::QuickSearch()
+    : d(new Impl)
+{
+}
+
+QuickSearch::~QuickSearch() = default;
+
+void QuickSearch::ClearAllData()
+{
+    d->Clear();
+}
+
+void QuickSearch::InsertSearchIndex(const std::wstring &text, int id)
+{
+    d->Insert(text, id);
+}
+
+void QuickSearch::Search(const std::wstring &key, std::vector<int> &ids) const
+{
+    d->Search(key, ids);
+}
+
+std::size_t QuickSearch::TextCount() const
+{
+    d->SortTexts();
+    return d->m_texts.size();
+}
+
+std::size_t QuickSearch::MemoryUsage() const
+{
+    return d->Bytes();
+}
+
+} // namespace search

@@ -1,0 +1,20 @@
+# Build-time step: unpacks Unihan_Readings.txt from IN (Debian's .txt.bz2 when the
+# generator is built without libbz2, or the Unihan.zip of other distributions) to OUT.
+#   cmake -DIN=<file> -DOUT=<file> [-DBZIP2=<program>] -P unihan_extract.cmake
+get_filename_component(dir "${OUT}" DIRECTORY)
+file(MAKE_DIRECTORY "${dir}")
+if(IN MATCHES "\\.zip$")
+    file(ARCHIVE_EXTRACT INPUT "${IN}" DESTINATION "${dir}/unihan" PATTERNS Unihan_Readings.txt)
+    file(RENAME "${dir}/unihan/Unihan_Readings.txt" "${OUT}")
+elseif(IN MATCHES "\\.bz2$")
+    if(NOT BZIP2)
+        message(FATAL_ERROR "bzip2 is needed to unpack ${IN}")
+    endif()
+    execute_process(COMMAND "${BZIP2}" -dc "${IN}" OUTPUT_FILE "${OUT}" RESULT_VARIABLE rc)
+    if(NOT rc EQUAL 0)
+        file(REMOVE "${OUT}")
+        message(FATAL_ERROR "could not unpack ${IN}")
+    endif()
+else()
+    message(FATAL_ERROR "do not know how to unpack ${IN}")
+endif()
