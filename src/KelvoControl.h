@@ -23,3 +23,10 @@
 #include "foundation/decimal.h"
 #include "foundation/json_number.h"
 #include "foundation/value_safe_wrapper.h"
+
+// Trade inputs
+#include "trade/trade_spin_box.h"
+
+// Windows and chrome
+#include "window/frameless_widget.h"
+#include "window/title_bar.h"

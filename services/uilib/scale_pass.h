@@ -11,6 +11,7 @@
 #include "uilib/dpi_changed.h"
 #include "uilib/scaled_sizes.h"
 
+#include <QLayout>
 #include <QWidget>
 
 class QEvent;
@@ -52,12 +53,25 @@ public:
         Change change(scaled, scale);
         if (!change.accepted())
             return;
-        if (widget->isWindow())
-            RestyleWindow(widget);
-        extra(change.oldScale());
+        if (!widget->isWindow()) {
+            extra(change.oldScale());
+            if (sizes)
+                sizes->Reapply(widget, change.oldScale(), scale);
+            ReachChildren(widget, scale);
+            return;
+        }
+        // A window's minimum size comes from its layout, which still holds the old
+        // sizes until the children are re-scaled: its own size goes last, or the old
+        // minimum would clamp it.
+        RestyleWindow(widget);
         if (sizes)
-            sizes->Reapply(widget, change.oldScale(), scale);
+            sizes->CarryOver(widget, change.oldScale());
+        extra(change.oldScale());
         ReachChildren(widget, scale);
+        if (QLayout *layout = widget->layout())
+            layout->activate();
+        if (sizes)
+            sizes->ReapplyStored(widget, scale);
     }
     static void ChangeWidget(QWidget *widget, CRemoveDPIChanged *scaled, ScaledSizes *sizes, float scale)
     {

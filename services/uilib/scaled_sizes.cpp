@@ -65,6 +65,24 @@ void ScaledSizes::Apply(QWidget *widget, Call call, int a, int b, float scale)
 
 void ScaledSizes::Reapply(QWidget *widget, float oldScale, float newScale)
 {
+    CarryOver(widget, oldScale);
+    ReapplyStored(widget, newScale);
+}
+
+void ScaledSizes::CarryOver(QWidget *widget, float oldScale)
+{
+    Entry &entry = m_entries[Resize];
+    if (entry.order == 0 || !widget)
+        return;
+    if (widget->size() != QSize(Extent(entry.a, oldScale), Extent(entry.b, oldScale))) {
+        // Resized since by the user or a layout: carry the current size over.
+        entry.a = DpiTool::Logical(widget->width(), oldScale);
+        entry.b = DpiTool::Logical(widget->height(), oldScale);
+    }
+}
+
+void ScaledSizes::ReapplyStored(QWidget *widget, float newScale)
+{
     if (m_counter == 0 || !widget)
         return;
     std::array<quint8, CallCount> calls{};
@@ -81,14 +99,8 @@ void ScaledSizes::Reapply(QWidget *widget, float oldScale, float newScale)
         calls[at] = quint8(i);
     }
     for (int i = 0; i < count; ++i) {
-        Call const call = Call(calls[i]);
-        Entry &entry = m_entries[call];
-        if (call == Resize && widget->size() != QSize(Extent(entry.a, oldScale), Extent(entry.b, oldScale))) {
-            // Resized since by the user or a layout: carry the current size over.
-            entry.a = DpiTool::Logical(widget->width(), oldScale);
-            entry.b = DpiTool::Logical(widget->height(), oldScale);
-        }
-        Run(widget, call, entry.a, entry.b, newScale);
+        Entry const &entry = m_entries[calls[i]];
+        Run(widget, Call(calls[i]), entry.a, entry.b, newScale);
     }
 }
 

@@ -40,6 +40,11 @@ public:
     // Applies every stored call again, in order, at `newScale`; `oldScale` is the scale
     // the widget's current sizes were made for.
     void Reapply(QWidget *widget, float oldScale, float newScale);
+    // The two halves of Reapply, for a window whose children must be re-scaled in
+    // between: CarryOver takes a size the user gave the window at `oldScale` into the
+    // stored resize() before anything moves; ReapplyStored then replays the calls.
+    void CarryOver(QWidget *widget, float oldScale);
+    void ReapplyStored(QWidget *widget, float newScale);
     bool Has(Call call) const { return m_entries[call].order != 0; }
     // Re-runs a stored adjustSize() (after a change of text or font); false if there is none.
     bool RedoAdjustSize(QWidget *widget) const;

@@ -1,0 +1,41 @@
+#include "shared/gallery_page.h"
+
+#include <KelvoControl.h>
+
+#include <algorithm>
+
+namespace {
+std::vector<GalleryPage> &Registry()
+{
+    static std::vector<GalleryPage> pages;
+    return pages;
+}
+} // namespace
+
+std::vector<GalleryPage> const &GalleryPages()
+{
+    auto &pages = Registry();
+    std::stable_sort(pages.begin(), pages.end(),
+                     [](GalleryPage const &a, GalleryPage const &b) { return a.order < b.order; });
+    return pages;
+}
+
+GalleryPageRegistrar::GalleryPageRegistrar(GalleryPage page)
+{
+    Registry().push_back(std::move(page));
+}
+
+QWidget *MakeGallerySection(float scale, QString const &caption, QWidget *content)
+{
+    auto *section = new TFrame(scale, nullptr);
+    section->setObjectName(QStringLiteral("GallerySection"));
+    auto *layout = new TVBoxLayout(scale, nullptr);
+    layout->setContentsMargins(12, 10, 12, 12);
+    layout->setSpacing(8);
+    section->setLayout(layout);
+    auto *title = new TLabel(scale, caption, nullptr);
+    title->setObjectName(QStringLiteral("GallerySectionTitle"));
+    layout->addWidget(title, 0, Qt::Alignment());
+    layout->addWidget(content, 0, Qt::Alignment());
+    return section;
+}
