@@ -28,10 +28,16 @@ GalleryWindow::GalleryWindow(float scale)
     body->setSpacing(0);
     outer->addLayout(body, 1);
 
+    // The list's width is a scaled frame's: TListWidget scales its items, not itself.
+    auto *listFrame = new TFrame(m_scale, nullptr);
+    listFrame->setFixedWidth(180);
+    auto *listLayout = new TVBoxLayout(m_scale, nullptr);
+    listLayout->setContentsMargins(0, 0, 0, 0);
+    listFrame->setLayout(listLayout);
     m_pageList = new TListWidget(m_scale, nullptr);
     m_pageList->setObjectName(QStringLiteral("GalleryPageList"));
-    m_pageList->setFixedWidth(180);
-    body->addWidget(m_pageList, 0, Qt::Alignment());
+    listLayout->addWidget(m_pageList, 0, Qt::Alignment());
+    body->addWidget(listFrame, 0, Qt::Alignment());
 
     m_stack = new QStackedWidget(nullptr);
     m_stack->setObjectName(QStringLiteral("GalleryStack"));

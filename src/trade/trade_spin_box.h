@@ -16,7 +16,9 @@
 
 #include "uilib/line_edit.h"
 
-class QFocusEvent;
+// Complete, so that clients can connect to the focus signals without more includes.
+#include <QFocusEvent>
+
 class THBoxLayout;
 class TVBoxLayout;
 class TPushButton;

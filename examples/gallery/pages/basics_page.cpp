@@ -89,6 +89,7 @@ QWidget *MakeTable(float scale)
     // Row heights follow the font, which the style sheet scales.
     table->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     table->horizontalHeader()->setStretchLastSection(true);
+    table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->setColumnWidth(0, 80);
     table->setColumnWidth(1, 160);
     table->setColumnWidth(2, 80);

@@ -8,29 +8,11 @@
 #include <window/frameless_widget.h>
 #include <window/title_bar.h>
 
-
 #include <memory>
 
 using GalleryTheme::Text;
 
 namespace {
-
-// The gallery's stand-ins for the pictures a client's style sheet gives the buttons.
-struct Glyph { CTitleBar::WindowFlag flag; char16_t const *text; };
-Glyph const kGlyphs[] = {
-    {CTitleBar::WindowFlagTop, u"\u2912"},        {CTitleBar::WindowFlagSetting, u"\u2699"},
-    {CTitleBar::WindowFlagMinimize, u"\u2013"},   {CTitleBar::WindowFlagMiniPlayer, u"\u25f3"},
-    {CTitleBar::WindowFlagCallMainWnd, u"\u2302"}, {CTitleBar::WindowFlagRestore, u"\u2750"},
-    {CTitleBar::WindowFlagClose, u"\u2715"},
-};
-
-void ShowGlyphs(CTitleBar *bar)
-{
-    for (Glyph const &glyph : kGlyphs) {
-        if (TToolButton *button = bar->GetButtonByFlag(glyph.flag))
-            button->setText(QString::fromUtf16(glyph.text));
-    }
-}
 
 TLabel *MakeText(float scale, wchar_t const *key)
 {
@@ -55,7 +37,6 @@ TFramelessWidget *MakeWindow(float scale, QWidget *owner, wchar_t const *titleKe
     auto *window = new TFramelessWidget(scale, owner);
     window->SetTitleName(Text(titleKey));
     window->SetWindowFlags(flags);
-    ShowGlyphs(window->findChild<CTitleBar *>());
     return window;
 }
 
@@ -140,7 +121,6 @@ QWidget *MakePreview(float scale, TLabel *result)
     auto *bar = new CTitleBar(scale, nullptr);
     bar->SetName(Text(L"gallery_windows_preview_title"));
     bar->SetWindowFlag(CTitleBar::WindowFlags(0x7f));
-    ShowGlyphs(bar);
     QObject::connect(bar, &CTitleBar::ButtonClicked, result, [bar, result](CTitleBar::WindowFlag flag) {
         TToolButton *button = bar->GetButtonByFlag(flag);
         result->setText(Text(L"gallery_windows_clicked").arg(button ? button->objectName() : QString()));
