@@ -3,21 +3,11 @@
 // service interface the controls are written against.
 
 // Services
-#if __has_include("uilib/uilib.h")
 #include "uilib/uilib.h"
-#endif
-#if __has_include("qtcomm/qtcomm.h")
 #include "qtcomm/qtcomm.h"
-#endif
-#if __has_include("runtime/runtime.h")
 #include "runtime/runtime.h"
-#endif
-#if __has_include("textengine/textengine.h")
 #include "textengine/textengine.h"
-#endif
-#if __has_include("clientsdk/clientsdk.h")
 #include "clientsdk/clientsdk.h"
-#endif
 
 // Foundation
 #include "foundation/decimal.h"
