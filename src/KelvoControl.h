@@ -15,6 +15,10 @@
 #include "foundation/value_safe_wrapper.h"
 
 // Trade inputs
+#include "trade/buttons_widget.h"
+#include "trade/display_infomation_item.h"
+#include "trade/trade_enh_menu_button.h"
+#include "trade/trade_menu_button.h"
 #include "trade/trade_spin_box.h"
 
 // Windows and chrome
