@@ -67,6 +67,8 @@ QPixmap LoadRaster(QString const &path, float scale)
     QPixmap pixmap;
     if (!IsFile(file) || !pixmap.load(file))
         return QPixmap();
+    // Qt reads "@2x" in a file name as a device pixel ratio; ours are plain physical pixels.
+    pixmap.setDevicePixelRatio(1.0);
     // The target is the ratio-1 size times the scale, whichever file of the set was found.
     float const factor = scale / float(ratio);
     QSize const size(qMax(1, int(float(pixmap.width()) * factor)), qMax(1, int(float(pixmap.height()) * factor)));

@@ -53,6 +53,7 @@ public:
     {
         popup->setWindowFlags(Qt::Popup);
     }
+
     void ScaleChanged(float scale) override
     {
         TFrame::ScaleChanged(scale);
@@ -154,142 +155,118 @@ class TestScaleChain : public QObject
 {
     Q_OBJECT
 private slots:
-    void wholeChainRescalesOnce_data();
-    void wholeChainRescalesOnce();
-    void minusOneResolvedBeforeConstructorBody();
-    void forwardedPopupIsScaledOnce();
-    void childWindowsFollowSetScaleOnly();
-    void deletedMenuIsNotTouched();
-    void siblingDeletedDuringWalkIsSkipped();
-    void layoutAdoptedFromOtherScale();
+    void wholeChainRescalesOnce_data()
+    {
+        QTest::addColumn<float>("scale");
+        QTest::addColumn<float>("next");
+        QTest::addColumn<bool>("viaSetScale");
+        QTest::newRow("1.0 to 2.0, ScaleChanged") << 1.0f << 2.0f << false;
+        QTest::newRow("1.5 to 1.0, SetScale") << 1.5f << 1.0f << true;
+        QTest::newRow("2.0 to 1.5, SetScale") << 2.0f << 1.5f << true;
+    }
+    void wholeChainRescalesOnce()
+    {
+        QFETCH(float, scale);
+        QFETCH(float, next);
+        QFETCH(bool, viaSetScale);
+        Chain c = BuildChain(scale);
+        QScopedPointer<TWidget> owner(c.window);
+        QCOMPARE(c.label->width(), P(30, scale));
+
+        if (viaSetScale)
+            c.window->SetScale(next);
+        else
+            c.window->ScaleChanged(next);
+
+        QCOMPARE(c.inner->layout()->contentsMargins().left(), P(2, next));
+        QCOMPARE(c.label->width(), P(30, next));
+        QCOMPARE(c.button->size(), QSize(P(10, next), P(10, next)));
+        QCOMPARE(c.menu->maximumWidth(), P(50, next));
+        QCOMPARE(c.actionLabel->width(), P(20, next));
+        QCOMPARE(c.scrolled->maximumHeight(), P(40, next));
+        QCOMPARE(c.itemLabel->width(), P(25, next));
+        QCOMPARE(c.indexButton->maximumWidth(), P(15, next));
+        for (auto *scaled : std::initializer_list<CRemoveDPIChanged *>{c.inner, c.row, c.label, c.button, c.menu,
+                                                                       c.actionLabel, c.itemLabel, c.indexButton})
+            QCOMPARE(scaled->GetScale(), next);
+        // The row is an item of the column and a child of it; the label is an item of the
+        // row and a child of the inner widget; the menu hangs off the button.
+        QCOMPARE(c.inner->calls, 1);
+        QCOMPARE(c.row->calls, 1);
+        QCOMPARE(c.label->calls, 1);
+        QCOMPARE(c.button->calls, 1);
+        QCOMPARE(c.menu->calls, 1);
+        QCOMPARE(c.itemLabel->calls, 1);
+        QCOMPARE(c.indexButton->calls, 1);
+    }
+
+    // -1 is resolved before the constructor body runs; a layout adopted later takes its widget's scale.
+    void scaleResolvedFromTheParents()
+    {
+        TWidget window(1.75f);
+        QWidget plain(&window);
+        ScaleProbe direct(&window);
+        ScaleProbe throughPlain(&plain);
+        ScaleProbe parentless(nullptr);
+        QCOMPARE(direct.seen, 1.75f);
+        QCOMPARE(throughPlain.seen, 1.75f);
+        QCOMPARE(parentless.seen, DpiTool::GetWidgetDpi(nullptr));
+        QCOMPARE(throughPlain.GetScale(), 1.75f);
+        TFrame frame(2.0f);
+        auto *layout = new TVBoxLayout; // no parent: the screen's scale
+        layout->setContentsMargins(3, 3, 3, 3);
+        frame.setLayout(layout);
+        QCOMPARE(layout->GetScale(), 2.0f);
+        QCOMPARE(layout->contentsMargins().left(), 6);
+    }
+
+    // Child windows follow SetScale only; a popup its owner forwards is scaled once per change.
+    void childWindowsFollowSetScaleOnly()
+    {
+        TWidget window(1.0f);
+        auto *dialog = new TDialog(1.0f, &window);
+        auto *inDialog = new CountingLabel(1.0f, dialog);
+        inDialog->setFixedWidth(10);
+        auto *owner = new PopupOwner(1.0f, &window);
+        owner->popup->setFixedWidth(10);
+        window.ScaleChanged(2.0f);
+        QCOMPARE(dialog->GetScale(), 1.0f);
+        QCOMPARE(inDialog->calls, 0);
+        QCOMPARE(owner->popup->calls, 1);
+        window.SetScale(1.5f);
+        QCOMPARE(dialog->GetScale(), 1.5f);
+        QCOMPARE(inDialog->width(), 15);
+        QCOMPARE(inDialog->calls, 1);
+        QCOMPARE(owner->popup->calls, 2);
+        QCOMPARE(owner->popup->width(), 15);
+    }
+
+    // Menus deleted meanwhile are skipped, and so is a sibling deleted during the walk.
+    void deletedObjectsAreNotTouched()
+    {
+        TWidget window(1.0f);
+        auto *button = new TPushButton(1.0f, &window);
+        auto *menu = new TMenu(1.0f);
+        auto *subMenu = new TMenu(1.0f, QStringLiteral("sub"));
+        menu->addMenu(subMenu);
+        button->setMenu(menu);
+        delete subMenu;
+        window.SetScale(2.0f);
+        QCOMPARE(menu->GetScale(), 2.0f);
+        delete menu;
+        window.SetScale(1.5f);
+        QCOMPARE(button->GetScale(), 1.5f);
+
+        auto *killer = new SiblingKiller(1.0f, &window);
+        killer->victim = new TLabel(1.0f, &window);
+        auto *survivor = new TLabel(1.0f, &window);
+        survivor->setFixedWidth(10);
+        window.ScaleChanged(2.0f);
+        QVERIFY(!killer->victim);
+        QCOMPARE(survivor->GetScale(), 2.0f);
+        QCOMPARE(survivor->width(), 20);
+    }
 };
-
-void TestScaleChain::wholeChainRescalesOnce_data()
-{
-    QTest::addColumn<float>("scale");
-    QTest::addColumn<float>("next");
-    QTest::addColumn<bool>("viaSetScale");
-    QTest::newRow("1.0 to 2.0, ScaleChanged") << 1.0f << 2.0f << false;
-    QTest::newRow("1.5 to 1.0, SetScale") << 1.5f << 1.0f << true;
-    QTest::newRow("2.0 to 1.5, SetScale") << 2.0f << 1.5f << true;
-}
-
-void TestScaleChain::wholeChainRescalesOnce()
-{
-    QFETCH(float, scale);
-    QFETCH(float, next);
-    QFETCH(bool, viaSetScale);
-    Chain c = BuildChain(scale);
-    QScopedPointer<TWidget> owner(c.window);
-    QCOMPARE(c.label->width(), P(30, scale));
-
-    if (viaSetScale)
-        c.window->SetScale(next);
-    else
-        c.window->ScaleChanged(next);
-
-    QCOMPARE(c.inner->layout()->contentsMargins().left(), P(2, next));
-    QCOMPARE(c.label->width(), P(30, next));
-    QCOMPARE(c.button->size(), QSize(P(10, next), P(10, next)));
-    QCOMPARE(c.menu->maximumWidth(), P(50, next));
-    QCOMPARE(c.actionLabel->width(), P(20, next));
-    QCOMPARE(c.scrolled->maximumHeight(), P(40, next));
-    QCOMPARE(c.itemLabel->width(), P(25, next));
-    QCOMPARE(c.indexButton->maximumWidth(), P(15, next));
-    for (auto *scaled : std::initializer_list<CRemoveDPIChanged *>{c.inner, c.row, c.label, c.button, c.menu,
-                                                                   c.actionLabel, c.itemLabel, c.indexButton})
-        QCOMPARE(scaled->GetScale(), next);
-    // The row is an item of the column and a child of it; the label is an item of the
-    // row and a child of the inner widget; the menu hangs off the button.
-    QCOMPARE(c.inner->calls, 1);
-    QCOMPARE(c.row->calls, 1);
-    QCOMPARE(c.label->calls, 1);
-    QCOMPARE(c.button->calls, 1);
-    QCOMPARE(c.menu->calls, 1);
-    QCOMPARE(c.itemLabel->calls, 1);
-    QCOMPARE(c.indexButton->calls, 1);
-}
-
-void TestScaleChain::minusOneResolvedBeforeConstructorBody()
-{
-    TWidget window(1.75f);
-    QWidget plain(&window);
-    ScaleProbe direct(&window);
-    ScaleProbe throughPlain(&plain);
-    ScaleProbe parentless(nullptr);
-    QCOMPARE(direct.seen, 1.75f);
-    QCOMPARE(throughPlain.seen, 1.75f);
-    QCOMPARE(parentless.seen, DpiTool::GetWidgetDpi(nullptr));
-    QCOMPARE(throughPlain.GetScale(), 1.75f);
-}
-
-void TestScaleChain::forwardedPopupIsScaledOnce()
-{
-    TWidget window(1.0f);
-    auto *owner = new PopupOwner(1.0f, &window);
-    owner->popup->setFixedWidth(10);
-    window.ScaleChanged(2.0f);
-    QCOMPARE(owner->popup->calls, 1);
-    window.SetScale(1.5f);
-    QCOMPARE(owner->popup->calls, 2);
-    QCOMPARE(owner->popup->width(), 15);
-}
-
-void TestScaleChain::childWindowsFollowSetScaleOnly()
-{
-    TWidget window(1.0f);
-    auto *dialog = new TDialog(1.0f, &window);
-    auto *inDialog = new CountingLabel(1.0f, dialog);
-    inDialog->setFixedWidth(10);
-    window.ScaleChanged(2.0f);
-    QCOMPARE(dialog->GetScale(), 1.0f);
-    QCOMPARE(inDialog->calls, 0);
-    window.SetScale(1.5f);
-    QCOMPARE(dialog->GetScale(), 1.5f);
-    QCOMPARE(inDialog->width(), 15);
-    QCOMPARE(inDialog->calls, 1);
-}
-
-void TestScaleChain::deletedMenuIsNotTouched()
-{
-    TWidget window(1.0f);
-    auto *button = new TPushButton(1.0f, &window);
-    auto *menu = new TMenu(1.0f);
-    auto *subMenu = new TMenu(1.0f, QStringLiteral("sub"));
-    menu->addMenu(subMenu);
-    button->setMenu(menu);
-    delete subMenu;
-    window.SetScale(2.0f);
-    QCOMPARE(menu->GetScale(), 2.0f);
-    delete menu;
-    window.SetScale(1.5f);
-    window.ScaleChanged(1.0f);
-    QCOMPARE(button->GetScale(), 1.0f);
-}
-
-void TestScaleChain::siblingDeletedDuringWalkIsSkipped()
-{
-    TWidget window(1.0f);
-    auto *killer = new SiblingKiller(1.0f, &window);
-    auto *victim = new TLabel(1.0f, &window);
-    auto *survivor = new TLabel(1.0f, &window);
-    survivor->setFixedWidth(10);
-    killer->victim = victim;
-    window.ScaleChanged(2.0f);
-    QVERIFY(!killer->victim);
-    QCOMPARE(survivor->GetScale(), 2.0f);
-    QCOMPARE(survivor->width(), 20);
-}
-
-void TestScaleChain::layoutAdoptedFromOtherScale()
-{
-    TFrame frame(2.0f);
-    auto *layout = new TVBoxLayout; // no parent: the screen's scale
-    layout->setContentsMargins(3, 3, 3, 3);
-    frame.setLayout(layout);
-    QCOMPARE(layout->GetScale(), 2.0f);
-    QCOMPARE(layout->contentsMargins().left(), 6);
-}
 
 QTEST_MAIN(TestScaleChain)
 #include "tst_scale_chain.moc"
