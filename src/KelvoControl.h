@@ -21,6 +21,13 @@
 #include "trade/trade_menu_button.h"
 #include "trade/trade_spin_box.h"
 
+// Tables
+#include "table/floating_scroll_bar.h"
+#include "table/multi_check_box_model.h"
+#include "table/multi_check_box_table_view.h"
+#include "table/multi_checkbox_table_row_item.h"
+#include "table/suspended_scroll_bar.h"
+
 // Windows and chrome
 #include "window/frameless_widget.h"
 #include "window/title_bar.h"
