@@ -15,11 +15,8 @@ namespace {
 
 QWidget *MakeButtons(float scale)
 {
-    auto *row = new TWidget(scale, nullptr);
-    auto *layout = new THBoxLayout(scale, nullptr);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(8);
-    row->setLayout(layout);
+    TWidget *row = nullptr;
+    auto *layout = MakeGalleryRow(scale, 8, row);
     auto *buy = new TPushButton(scale, Text(L"gallery_sample_buy"), nullptr);
     buy->setObjectName(QStringLiteral("GalleryBuyButton"));
     buy->setFixedSize(96, 28);
@@ -43,11 +40,8 @@ QWidget *MakeButtons(float scale)
 
 QWidget *MakeInputs(float scale)
 {
-    auto *row = new TWidget(scale, nullptr);
-    auto *layout = new THBoxLayout(scale, nullptr);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(8);
-    row->setLayout(layout);
+    TWidget *row = nullptr;
+    auto *layout = MakeGalleryRow(scale, 8, row);
     auto *caption = new TLabel(scale, Text(L"gallery_sample_symbol"), nullptr);
     caption->setFixedWidth(60);
     auto *edit = new TLineEdit(scale, nullptr);
@@ -125,15 +119,8 @@ QWidget *MakeScrollArea(float scale)
 
 QWidget *MakeBasicsPage(float scale)
 {
-    auto *page = new TWidget(scale, nullptr);
-    auto *layout = new TVBoxLayout(scale, nullptr);
-    layout->setContentsMargins(16, 16, 16, 16);
-    layout->setSpacing(12);
-    page->setLayout(layout);
-
-    auto *intro = new TLabel(scale, Text(L"gallery_basics_intro"), nullptr);
-    intro->setWordWrap(true);
-    layout->addWidget(intro, 0, Qt::Alignment());
+    TWidget *page = nullptr;
+    TVBoxLayout *layout = MakeGalleryPage(scale, L"gallery_basics_intro", page);
     layout->addWidget(MakeGallerySection(scale, Text(L"gallery_basics_buttons"), MakeButtons(scale)), 0,
                       Qt::Alignment());
     layout->addWidget(MakeGallerySection(scale, Text(L"gallery_basics_inputs"), MakeInputs(scale)), 0,

@@ -90,17 +90,11 @@ std::vector<Row> MakeStocks(int count)
 
 QWidget *MakeCheckTable(float scale, CMultiCheckBoxTableView **made)
 {
-    auto *box = new TWidget(scale, nullptr);
-    auto *layout = new TVBoxLayout(scale, nullptr);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(8);
-    box->setLayout(layout);
+    TWidget *box = nullptr;
+    auto *layout = MakeGalleryColumn(scale, 8, box);
 
-    auto *searchRow = new TWidget(scale, nullptr);
-    auto *searchLayout = new THBoxLayout(scale, nullptr);
-    searchLayout->setContentsMargins(0, 0, 0, 0);
-    searchLayout->setSpacing(12);
-    searchRow->setLayout(searchLayout);
+    TWidget *searchRow = nullptr;
+    auto *searchLayout = MakeGalleryRow(scale, 12, searchRow);
     auto *search = new TLineEdit(scale, nullptr);
     search->setObjectName(QStringLiteral("GalleryTableSearch"));
     search->setPlaceholderText(Text(L"gallery_tables_placeholder"));
@@ -154,15 +148,8 @@ void KeepTableParts(CMultiCheckBoxTableView *table, QWidget *page)
 
 QWidget *MakeTablesPage(float scale)
 {
-    auto *page = new TWidget(scale, nullptr);
-    auto *layout = new TVBoxLayout(scale, nullptr);
-    layout->setContentsMargins(16, 16, 16, 16);
-    layout->setSpacing(12);
-    page->setLayout(layout);
-
-    auto *intro = new TLabel(scale, Text(L"gallery_tables_intro"), nullptr);
-    intro->setWordWrap(true);
-    layout->addWidget(intro, 0, Qt::Alignment());
+    TWidget *page = nullptr;
+    TVBoxLayout *layout = MakeGalleryPage(scale, L"gallery_tables_intro", page);
     CMultiCheckBoxTableView *table = nullptr;
     layout->addWidget(MakeGallerySection(scale, Text(L"gallery_tables_check_table"), MakeCheckTable(scale, &table)), 0,
                       Qt::Alignment());

@@ -211,11 +211,8 @@ void Connect(std::shared_ptr<Ticket> const &ticket)
 
 QWidget *MakeTicketForm(std::shared_ptr<Ticket> const &t)
 {
-    auto *form = new TWidget(t->scale, nullptr);
-    auto *layout = new TVBoxLayout(t->scale, nullptr);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(10);
-    form->setLayout(layout);
+    TWidget *form = nullptr;
+    auto *layout = MakeGalleryColumn(t->scale, 10, form);
 
     auto *quote = new TLabel(t->scale, QStringLiteral("600036  %1  %2").arg(Text(L"gallery_sample_stock_1"),
                                                                           QLatin1String(kLastPrice)),
@@ -263,15 +260,8 @@ QWidget *MakeCaptionSwitch(std::shared_ptr<Ticket> const &ticket)
 
 QWidget *MakeTicketPage(float scale)
 {
-    auto *page = new TWidget(scale, nullptr);
-    auto *layout = new TVBoxLayout(scale, nullptr);
-    layout->setContentsMargins(16, 16, 16, 16);
-    layout->setSpacing(12);
-    page->setLayout(layout);
-
-    auto *intro = new TLabel(scale, Text(L"gallery_ticket_intro"), nullptr);
-    intro->setWordWrap(true);
-    layout->addWidget(intro, 0, Qt::Alignment());
+    TWidget *page = nullptr;
+    TVBoxLayout *layout = MakeGalleryPage(scale, L"gallery_ticket_intro", page);
 
     auto ticket = std::make_shared<Ticket>();
     ticket->scale = scale;

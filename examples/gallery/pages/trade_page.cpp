@@ -18,11 +18,8 @@ struct FieldRow {
 // A caption, the field, and a note that names the field's last signal.
 FieldRow MakeRow(float scale, wchar_t const *captionKey)
 {
-    auto *row = new TWidget(scale, nullptr);
-    auto *layout = new THBoxLayout(scale, nullptr);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(12);
-    row->setLayout(layout);
+    TWidget *row = nullptr;
+    auto *layout = MakeGalleryRow(scale, 12, row);
 
     auto *caption = new TLabel(scale, Text(captionKey), nullptr);
     caption->setFixedWidth(120);
@@ -44,21 +41,11 @@ FieldRow MakeRow(float scale, wchar_t const *captionKey)
 
 QWidget *MakeTradePage(float scale)
 {
-    auto *page = new TWidget(scale, nullptr);
-    auto *layout = new TVBoxLayout(scale, nullptr);
-    layout->setContentsMargins(16, 16, 16, 16);
-    layout->setSpacing(12);
-    page->setLayout(layout);
+    TWidget *page = nullptr;
+    TVBoxLayout *layout = MakeGalleryPage(scale, L"gallery_trade_intro", page);
 
-    auto *intro = new TLabel(scale, Text(L"gallery_trade_intro"), nullptr);
-    intro->setWordWrap(true);
-    layout->addWidget(intro, 0, Qt::Alignment());
-
-    auto *fields = new TWidget(scale, nullptr);
-    auto *list = new TVBoxLayout(scale, nullptr);
-    list->setContentsMargins(0, 0, 0, 0);
-    list->setSpacing(10);
-    fields->setLayout(list);
+    TWidget *fields = nullptr;
+    auto *list = MakeGalleryColumn(scale, 10, fields);
 
     FieldRow price = MakeRow(scale, L"gallery_trade_price");
     price.spin->SetStep(Json::Number(1, 2));

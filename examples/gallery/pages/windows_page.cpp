@@ -72,11 +72,8 @@ void OpenForm(float scale, QWidget *owner, TLabel *result)
 {
     TFramelessWidget *form = MakeWindow(scale, owner, L"gallery_windows_form_title", CTitleBar::WindowFlagClose);
     form->SetOperateFlags(TFramelessWidget::OperateFlagOk | TFramelessWidget::OperateFlagCancel);
-    auto *fields = new TWidget(scale, nullptr);
-    auto *rows = new TVBoxLayout(scale, nullptr);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->setSpacing(8);
-    fields->setLayout(rows);
+    TWidget *fields = nullptr;
+    auto *rows = MakeGalleryColumn(scale, 8, fields);
     wchar_t const *captions[] = {L"gallery_sample_symbol", L"gallery_sample_price", L"gallery_sample_quantity"};
     char const *values[] = {"600036", "35.42", "1000"};
     for (int i = 0; i < 3; ++i) {
@@ -134,24 +131,17 @@ QWidget *MakePreview(float scale, TLabel *result)
 
 QWidget *MakeWindowsPage(float scale)
 {
-    auto *page = new TWidget(scale, nullptr);
-    auto *layout = new TVBoxLayout(scale, nullptr);
-    layout->setContentsMargins(16, 16, 16, 16);
-    layout->setSpacing(12);
-    page->setLayout(layout);
+    TWidget *page = nullptr;
+    TVBoxLayout *layout = MakeGalleryPage(scale, L"gallery_windows_intro", page);
 
     auto *result = new TLabel(scale, Text(L"gallery_windows_result_none"), nullptr);
     result->setObjectName(QStringLiteral("GalleryNote"));
 
-    layout->addWidget(MakeText(scale, L"gallery_windows_intro"), 0, Qt::Alignment());
     layout->addWidget(MakeGallerySection(scale, Text(L"gallery_windows_title_bar"), MakePreview(scale, result)), 0,
                       Qt::Alignment());
 
-    auto *row = new TWidget(scale, nullptr);
-    auto *buttons = new THBoxLayout(scale, nullptr);
-    buttons->setContentsMargins(0, 0, 0, 0);
-    buttons->setSpacing(8);
-    row->setLayout(buttons);
+    TWidget *row = nullptr;
+    auto *buttons = MakeGalleryRow(scale, 8, row);
     auto addButton = [&](wchar_t const *key, auto open) {
         auto *button = new TPushButton(scale, Text(key), nullptr);
         button->setFixedSize(130, 28);

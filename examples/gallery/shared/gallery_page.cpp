@@ -1,5 +1,7 @@
 #include "shared/gallery_page.h"
 
+#include "shared/gallery_theme.h"
+
 #include <KelvoControl.h>
 
 #include <algorithm>
@@ -38,4 +40,37 @@ QWidget *MakeGallerySection(float scale, QString const &caption, QWidget *conten
     layout->addWidget(title, 0, Qt::Alignment());
     layout->addWidget(content, 0, Qt::Alignment());
     return section;
+}
+
+namespace {
+template <typename Layout>
+Layout *MakeBox(float scale, int spacing, TWidget *&box)
+{
+    box = new TWidget(scale, nullptr);
+    auto *layout = new Layout(scale, nullptr);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(spacing);
+    box->setLayout(layout);
+    return layout;
+}
+} // namespace
+
+THBoxLayout *MakeGalleryRow(float scale, int spacing, TWidget *&box)
+{
+    return MakeBox<THBoxLayout>(scale, spacing, box);
+}
+
+TVBoxLayout *MakeGalleryColumn(float scale, int spacing, TWidget *&box)
+{
+    return MakeBox<TVBoxLayout>(scale, spacing, box);
+}
+
+TVBoxLayout *MakeGalleryPage(float scale, wchar_t const *introKey, TWidget *&page)
+{
+    TVBoxLayout *layout = MakeGalleryColumn(scale, 12, page);
+    layout->setContentsMargins(16, 16, 16, 16);
+    auto *intro = new TLabel(scale, GalleryTheme::Text(introKey), nullptr);
+    intro->setWordWrap(true);
+    layout->addWidget(intro, 0, Qt::Alignment());
+    return layout;
 }

@@ -23,5 +23,17 @@ struct GalleryPageRegistrar {
     explicit GalleryPageRegistrar(GalleryPage page);
 };
 
+class TWidget;
+class THBoxLayout;
+class TVBoxLayout;
+
 // A titled group of controls on a page: a caption above a row or column.
 QWidget *MakeGallerySection(float scale, QString const &caption, QWidget *content);
+
+// A page with the gallery's margins and the introduction of `introKey` on top; returns
+// the page's layout and sets `page`.
+TVBoxLayout *MakeGalleryPage(float scale, wchar_t const *introKey, TWidget *&page);
+
+// A row or a column of controls without margins; returns its layout and sets `box`.
+THBoxLayout *MakeGalleryRow(float scale, int spacing, TWidget *&box);
+TVBoxLayout *MakeGalleryColumn(float scale, int spacing, TWidget *&box);
