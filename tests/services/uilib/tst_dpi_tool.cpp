@@ -47,7 +47,9 @@ private slots:
         QCOMPARE(DpiTool::Logical(QSize(1, value), scale).height(), logical);
         QCOMPARE(DpiTool::Physical(QMargins(0, value, 0, value), scale), QMargins(0, physical, 0, physical));
         QCOMPARE(DpiTool::Logical(QMargins(value, 0, value, 0), scale), QMargins(logical, 0, logical, 0));
-        QCOMPARE(DpiTool::Physical(QRect(value, 0, 0, value), scale), QRect(physical, 0, 0, physical));
+        // QRect keeps x + width - 1, which the lowest int cannot hold.
+        if (value != std::numeric_limits<int>::min())
+            QCOMPARE(DpiTool::Physical(QRect(value, 0, 0, value), scale), QRect(physical, 0, 0, physical));
     }
 
     void scaleOfFindsNearestScaledAncestor()
