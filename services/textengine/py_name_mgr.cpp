@@ -1,12 +1,12 @@
 #include "textengine/py_name_mgr.h"
 
 #include "textengine/pinyin_table.h"
-#include "textengine/wildcard.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
-#include <cwchar>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace {
@@ -14,15 +14,86 @@ namespace {
 using textengine::GeneratedPinyinTable;
 using textengine::PinyinTable;
 
-// One ambiguous character, with the fixed letters that come before it.
-struct Slot {
-    std::string prefix;
-    std::vector<std::string_view> options;
+// The table in the shape the speller reads: the reading set of a BMP character straight
+// from an array, each syllable with its length, and each set's distinct initials.
+struct Lookup {
+    const PinyinTable *table = nullptr;
+    std::vector<uint16_t> bmpSet;           // set number + 1 of each BMP code point, 0 for none
+    std::vector<uint8_t> syllableLength;
+    std::vector<uint32_t> initialStart;     // setCount + 1 entries into initials
+    std::string initials;                   // distinct first letters of each set, in order
+
+    Lookup()
+    {
+        table = &GeneratedPinyinTable();
+        const PinyinTable &t = *table;
+        syllableLength.resize(t.syllableCount);
+        for (std::size_t i = 0; i < t.syllableCount; ++i)
+            syllableLength[i] = uint8_t(std::strlen(t.syllableText + t.syllableOffset[i]));
+        initialStart.reserve(t.setCount + 1);
+        for (std::size_t set = 0; set < t.setCount; ++set) {
+            initialStart.push_back(uint32_t(initials.size()));
+            const std::size_t first = initials.size();
+            for (uint32_t i = t.setStart[set]; i < t.setStart[set + 1]; ++i) {
+                const char letter = t.syllableText[t.syllableOffset[t.setSyllable[i]]];
+                if (initials.find(letter, first) == std::string::npos)
+                    initials += letter;
+            }
+        }
+        initialStart.push_back(uint32_t(initials.size()));
+        if (t.setCount < 0xFFFF) {
+            bmpSet.assign(0x10000, 0);
+            for (std::size_t i = 0; i < t.charCount && t.charCode[i] < 0x10000; ++i)
+                bmpSet[t.charCode[i]] = uint16_t(t.charSet[i] + 1);
+        }
+    }
+
+    // The reading set of c, or -1 when it has none.
+    long SetOf(char32_t c) const
+    {
+        if (c < 0x10000 && !bmpSet.empty())
+            return long(bmpSet[c]) - 1;
+        const PinyinTable &t = *table;
+        const uint32_t *end = t.charCode + t.charCount;
+        const uint32_t *it = std::lower_bound(t.charCode, end, uint32_t(c));
+        if (it == end || *it != c)
+            return -1;
+        return long(t.charSet[it - t.charCode]);
+    }
+
+    std::string_view Syllable(uint16_t id) const
+    {
+        return std::string_view(table->syllableText + table->syllableOffset[id], syllableLength[id]);
+    }
 };
 
+const Lookup &TheLookup()
+{
+    static const Lookup lookup;
+    return lookup;
+}
+
+// One ambiguous character, with the fixed letters that come before it (the end of its
+// prefix in Spelling::fixed) and its options (a range of Spelling::options).
+struct Slot {
+    std::size_t prefixEnd;
+    std::size_t firstOption;
+    std::size_t optionCount;
+};
+
+// All fixed letters back to back: each slot's prefix starts where the previous one
+// ended, and the tail is what follows the last slot's prefix.
 struct Spelling {
+    std::string fixed;
     std::vector<Slot> slots;
-    std::string tail;
+    std::vector<std::string_view> options;
+
+    void Clear()
+    {
+        fixed.clear();
+        slots.clear();
+        options.clear();
+    }
 };
 
 const char kLetters[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
@@ -39,50 +110,45 @@ char PassThrough(char32_t c)
     return 0;
 }
 
-// The readings of c, most common first; empty when it has none.
-std::vector<std::string_view> Readings(const PinyinTable &table, char32_t c)
+void Analyse(const wchar_t *text, bool initials, Spelling &sp)
 {
-    std::vector<std::string_view> out;
-    const uint32_t *end = table.charCode + table.charCount;
-    const uint32_t *it = std::lower_bound(table.charCode, end, uint32_t(c));
-    if (it == end || *it != c)
-        return out;
-    const uint16_t set = table.charSet[it - table.charCode];
-    for (uint32_t i = table.setStart[set]; i < table.setStart[set + 1]; ++i)
-        out.emplace_back(table.syllableText + table.syllableOffset[table.setSyllable[i]]);
-    return out;
-}
-
-Spelling Analyse(const wchar_t *text, bool initials)
-{
-    Spelling sp;
-    const std::vector<char32_t> cps = search::detail::WideToCodePoints(text, std::wcslen(text));
-    const PinyinTable &table = GeneratedPinyinTable();
-    std::string fixed;
-    for (char32_t c : cps) {
+    sp.Clear();
+    const Lookup &lookup = TheLookup();
+    const PinyinTable &table = *lookup.table;
+    for (const wchar_t *p = text; *p; ++p) {
+        char32_t c = char32_t(static_cast<std::make_unsigned_t<wchar_t>>(*p));
+        if (sizeof(wchar_t) == 2 && c >= 0xD800 && c <= 0xDBFF && p[1]) {
+            const char32_t low = char32_t(static_cast<std::make_unsigned_t<wchar_t>>(p[1]));
+            if (low >= 0xDC00 && low <= 0xDFFF) {
+                c = 0x10000 + ((c - 0xD800) << 10) + (low - 0xDC00);
+                ++p;
+            }
+        }
+        if ((c >= 0xD800 && c <= 0xDFFF) || c > 0x10FFFF)
+            c = 0xFFFD;
         if (const char ascii = PassThrough(c)) {
-            fixed += ascii;
+            sp.fixed += ascii;
             continue;
         }
-        std::vector<std::string_view> options = Readings(table, c);
+        const long set = lookup.SetOf(c);
+        if (set < 0)
+            continue;
+        const std::size_t firstOption = sp.options.size();
         if (initials) {
-            std::vector<std::string_view> firsts;
-            for (std::string_view r : options) {
-                const std::string_view letter(kLetters + (r[0] - 'A'), 1);
-                if (std::find(firsts.begin(), firsts.end(), letter) == firsts.end())
-                    firsts.push_back(letter);
-            }
-            options.swap(firsts);
+            for (uint32_t i = lookup.initialStart[set]; i < lookup.initialStart[set + 1]; ++i)
+                sp.options.emplace_back(kLetters + (lookup.initials[i] - 'A'), 1);
+        } else {
+            for (uint32_t i = table.setStart[set]; i < table.setStart[set + 1]; ++i)
+                sp.options.push_back(lookup.Syllable(table.setSyllable[i]));
         }
-        if (options.size() == 1) {
-            fixed.append(options[0].data(), options[0].size());
-        } else if (options.size() > 1) {
-            sp.slots.push_back(Slot{std::move(fixed), std::move(options)});
-            fixed.clear();
+        const std::size_t count = sp.options.size() - firstOption;
+        if (count == 1) {
+            sp.fixed.append(sp.options.back().data(), sp.options.back().size());
+            sp.options.pop_back();
+        } else if (count > 1) {
+            sp.slots.push_back(Slot{sp.fixed.size(), firstOption, count});
         }
     }
-    sp.tail = std::move(fixed);
-    return sp;
 }
 
 // Walks the choices of all slots by rising total distance from each slot's first option:
@@ -91,11 +157,15 @@ Spelling Analyse(const wchar_t *text, bool initials)
 class ChoiceWalker
 {
 public:
-    explicit ChoiceWalker(const std::vector<Slot> &slots)
+    // Starts over on the first choice of these slots; the buffers keep their capacity.
+    void Reset(const std::vector<Slot> &slots)
     {
+        m_caps.clear();
         for (const Slot &s : slots)
-            m_caps.push_back(s.options.size() - 1);
+            m_caps.push_back(s.optionCount - 1);
         m_choice.assign(m_caps.size(), 0);
+        m_total = 0;
+        m_distance = 0;
         for (size_t c : m_caps)
             m_total += c;
     }
@@ -147,6 +217,27 @@ private:
     size_t m_distance = 0;
 };
 
+// Buffers that keep their capacity across calls: spelling is the hot loop of an index.
+struct Scratch {
+    Spelling sp;
+    std::string formText;
+    std::vector<std::size_t> formEnds;
+    ChoiceWalker walker;
+};
+
+// Out of line, so that the thread's instance is looked up once per call and not at
+// every use.
+#if defined(_MSC_VER)
+__declspec(noinline)
+#elif defined(__GNUC__)
+__attribute__((noinline))
+#endif
+Scratch &TheScratch()
+{
+    thread_local Scratch scratch;
+    return scratch;
+}
+
 std::wstring Spell(const wchar_t *text, unsigned int max_forms, bool initials)
 {
     if (!text)
@@ -155,31 +246,52 @@ std::wstring Spell(const wchar_t *text, unsigned int max_forms, bool initials)
         max_forms = PyNameMgr::kDefaultMaxForms;
     max_forms = std::min(max_forms, PyNameMgr::kMaxForms);
 
-    const Spelling sp = Analyse(text, initials);
-    std::vector<std::string> forms;
-    ChoiceWalker walker(sp.slots);
+    Scratch &scratch = TheScratch();
+    Spelling &sp = scratch.sp;
+    std::string &formText = scratch.formText;
+    std::vector<std::size_t> &formEnds = scratch.formEnds;
+    Analyse(text, initials, sp);
+    if (sp.slots.empty()) // one spelling only
+        return std::wstring(sp.fixed.begin(), sp.fixed.end());
+
+    formText.clear();
+    formEnds.clear();
+    const std::string_view fixed(sp.fixed);
+    const std::string_view tail = fixed.substr(sp.slots.back().prefixEnd);
+    ChoiceWalker &walker = scratch.walker;
+    walker.Reset(sp.slots);
     // Different choices rarely spell the same letters; the bound on attempts keeps a
     // text that does so from running long.
     size_t attempts = size_t(max_forms) * 8;
     do {
-        std::string form;
+        const std::size_t begin = formText.size();
+        std::size_t prefixBegin = 0;
         for (size_t j = 0; j < sp.slots.size(); ++j) {
-            form += sp.slots[j].prefix;
-            const std::string_view option = sp.slots[j].options[walker.Choice()[j]];
-            form.append(option.data(), option.size());
+            const Slot &slot = sp.slots[j];
+            formText.append(fixed.data() + prefixBegin, slot.prefixEnd - prefixBegin);
+            prefixBegin = slot.prefixEnd;
+            const std::string_view option = sp.options[slot.firstOption + walker.Choice()[j]];
+            formText.append(option.data(), option.size());
         }
-        form += sp.tail;
-        if (std::find(forms.begin(), forms.end(), form) == forms.end())
-            forms.push_back(std::move(form));
-    } while (forms.size() < max_forms && --attempts > 0 && walker.Next());
+        formText.append(tail.data(), tail.size());
+        const std::string_view form(formText.data() + begin, formText.size() - begin);
+        bool seen = false;
+        for (std::size_t k = 0, b = 0; k < formEnds.size() && !seen; b = formEnds[k++])
+            seen = std::string_view(formText.data() + b, formEnds[k] - b) == form;
+        if (seen)
+            formText.resize(begin);
+        else
+            formEnds.push_back(formText.size());
+    } while (formEnds.size() < max_forms && --attempts > 0 && walker.Next());
 
     std::wstring out;
-    for (const std::string &form : forms) {
-        if (form.empty())
+    out.reserve(formText.size() + formEnds.size());
+    for (std::size_t k = 0, b = 0; k < formEnds.size(); b = formEnds[k++]) {
+        if (formEnds[k] == b)
             continue;
         if (!out.empty())
             out += L' ';
-        out.append(form.begin(), form.end());
+        out.append(formText.begin() + std::ptrdiff_t(b), formText.begin() + std::ptrdiff_t(formEnds[k]));
     }
     return out;
 }

@@ -4,8 +4,21 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <string_view>
+#include <type_traits>
+
+#if defined(_MSC_VER)
+#define KELVO_QS_INLINE __forceinline
+#define KELVO_QS_NOINLINE __declspec(noinline)
+#elif defined(__GNUC__)
+#define KELVO_QS_INLINE inline __attribute__((always_inline))
+#define KELVO_QS_NOINLINE __attribute__((noinline))
+#else
+#define KELVO_QS_INLINE inline
+#define KELVO_QS_NOINLINE
+#endif
 
 namespace search {
 
@@ -19,18 +32,101 @@ char32_t FoldAscii(char32_t c)
     return c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c;
 }
 
+// The bytes of one list: the first few in place (most lists stay that short, and an
+// index has hundreds of thousands of them), longer ones on the heap.
+class PostingBytes
+{
+public:
+    static constexpr uint32_t kInPlace = 16;
+
+    PostingBytes() = default;
+    PostingBytes(const PostingBytes &) = delete;
+    PostingBytes &operator=(const PostingBytes &) = delete;
+    PostingBytes(PostingBytes &&other) noexcept { Take(other); }
+    PostingBytes &operator=(PostingBytes &&other) noexcept
+    {
+        if (this != &other) {
+            Release();
+            Take(other);
+        }
+        return *this;
+    }
+    ~PostingBytes() { Release(); }
+
+    const uint8_t *data() const { return m_capacity > kInPlace ? m_heap : m_local; }
+    size_t size() const { return m_size; }
+    size_t capacity() const { return m_capacity > kInPlace ? m_capacity : 0; } // heap bytes
+
+    KELVO_QS_INLINE void push_back(uint8_t b)
+    {
+        if (m_size == m_capacity)
+            Grow();
+        (m_capacity > kInPlace ? m_heap : m_local)[m_size++] = b;
+    }
+
+    void clear() { m_size = 0; }
+
+    void shrink_to_fit()
+    {
+        if (m_capacity <= kInPlace || m_size == m_capacity)
+            return;
+        uint8_t *heap = m_heap;
+        if (m_size <= kInPlace) {
+            std::memcpy(m_local, heap, m_size);
+            m_capacity = kInPlace;
+        } else {
+            m_heap = new uint8_t[m_size];
+            std::memcpy(m_heap, heap, m_size);
+            m_capacity = m_size;
+        }
+        delete[] heap;
+    }
+
+private:
+    KELVO_QS_NOINLINE void Grow()
+    {
+        const uint32_t capacity = m_capacity * 2;
+        uint8_t *heap = new uint8_t[capacity];
+        std::memcpy(heap, data(), m_size);
+        Release();
+        m_heap = heap;
+        m_capacity = capacity;
+    }
+
+    void Release()
+    {
+        if (m_capacity > kInPlace)
+            delete[] m_heap;
+        m_capacity = kInPlace;
+    }
+
+    void Take(PostingBytes &other)
+    {
+        std::memcpy(m_local, other.m_local, kInPlace); // the heap pointer too, if any
+        m_size = other.m_size;
+        m_capacity = other.m_capacity;
+        other.m_size = 0;
+        other.m_capacity = kInPlace;
+    }
+
+    union {
+        uint8_t *m_heap;
+        uint8_t m_local[kInPlace];
+    };
+    uint32_t m_size = 0;
+    uint32_t m_capacity = kInPlace;
+};
+
 // Ids that contain one gram: ascending ids, delta-coded in little-endian base-128 groups,
 // so a dense list costs about a byte an id.
 struct Posting {
-    std::vector<uint8_t> bytes;
+    PostingBytes bytes;
     int last = 0;
     uint32_t count = 0;
     bool sorted = true;
 
-    void Put(uint32_t v)
+    KELVO_QS_INLINE void Put(uint32_t v)
     {
-        if (bytes.empty())
-            bytes.reserve(8); // skips the smallest growth steps; most lists stay this short
         while (v >= 0x80) {
             bytes.push_back(uint8_t(v | 0x80));
             v >>= 7;
@@ -38,7 +134,7 @@ struct Posting {
         bytes.push_back(uint8_t(v));
     }
 
-    void Add(int id)
+    KELVO_QS_INLINE void Add(int id)
     {
         if (count > 0) {
             if (id == last)
@@ -140,6 +236,14 @@ public:
 
     size_t Bytes() const { return m_keys.capacity() * 8 + m_values.capacity() * 4; }
 
+    template<typename F>
+    void ForEach(F &&f) const
+    {
+        for (size_t i = 0; i < m_keys.size(); ++i)
+            if (m_keys[i] != 0)
+                f(m_keys[i], m_values[i]);
+    }
+
 private:
     size_t Home(uint64_t key) const { return size_t((key * 0x9E3779B97F4A7C15ull) >> m_shift); }
 
@@ -172,6 +276,9 @@ private:
 // Printable ASCII without the lower-case letters (texts are folded) gets a small number,
 // so that single characters and pairs of them index flat tables instead of the hash map.
 constexpr unsigned kSymbols = 70;
+// Triples of them get a flat table too, once an index holds this many texts: it costs
+// a megabyte and a half, which only a large index pays back.
+constexpr size_t kDenseTrigramTexts = 4096;
 
 unsigned Symbol(char32_t c)
 {
@@ -203,35 +310,31 @@ public:
         return at < dense.size() ? dense[at] : 0;
     }
 
-    void Add(const char32_t *g, int len, int id)
-    {
-        size_t at = 0;
-        uint32_t *slot = nullptr;
-        if (InDenseTable(g, len, at)) {
-            std::vector<uint32_t> &dense = m_dense[len - 1];
-            if (dense.empty())
-                dense.assign(len == 1 ? kSymbols : kSymbols * kSymbols, 0);
-            slot = &dense[at];
-        } else {
-            slot = &m_others.Slot(Pack(g, len));
-        }
-        if (*slot == 0) {
-            m_lists.emplace_back();
-            *slot = uint32_t(m_lists.size() - 1);
-        }
-        m_lists[*slot].Add(id);
-    }
-
     void Insert(const std::wstring &text, int id)
     {
         // Scratch buffers live in the index: inserting is the hot loop of a rebuild.
         std::vector<char32_t> &cps = m_scratchCps;
         std::string &utf8 = m_scratchUtf8;
-        detail::WideToCodePoints(text.data(), text.size(), cps);
-        utf8.clear();
-        for (char32_t &c : cps) {
-            c = FoldAscii(c);
-            detail::AppendUtf8(utf8, c);
+        // Most texts (codes, names in Latin letters, pinyin forms) are ASCII.
+        const size_t size = text.size();
+        cps.resize(size);
+        utf8.resize(size);
+        size_t ascii = 0;
+        for (; ascii < size; ++ascii) {
+            const auto c = static_cast<std::make_unsigned_t<wchar_t>>(text[ascii]);
+            if (c >= 0x80)
+                break;
+            const char32_t folded = FoldAscii(char32_t(c));
+            cps[ascii] = folded;
+            utf8[ascii] = char(folded);
+        }
+        if (ascii < size) {
+            detail::WideToCodePoints(text.data(), text.size(), cps);
+            utf8.clear();
+            for (char32_t &c : cps) {
+                c = FoldAscii(c);
+                detail::AppendUtf8(utf8, c);
+            }
         }
         // The usual duplicates (a code whose pinyin forms are the code itself) come right
         // after each other; out-of-order ones are caught in SortTexts.
@@ -246,15 +349,62 @@ public:
             m_textsSorted = false;
         m_texts.push_back({id, uint32_t(m_chars.size()), uint32_t(utf8.size())});
         m_chars += utf8;
+        if (m_dense[2].empty() && m_texts.size() >= kDenseTrigramTexts)
+            MakeDenseTrigrams();
 
+        // The grams of each position, in the order Add would take them; the flat-table
+        // places roll along the text instead of being worked out per gram.
         const size_t n = cps.size();
+        std::vector<unsigned> &sym = m_scratchSymbols;
+        sym.resize(n);
+        for (size_t i = 0; i < n; ++i)
+            sym[i] = Symbol(cps[i]);
+        const bool dense3 = !m_dense[2].empty();
         for (size_t i = 0; i < n; ++i) {
-            Add(&cps[i], 1, id);
-            if (i + 1 < n)
-                Add(&cps[i], 2, id);
-            if (i + 2 < n)
-                Add(&cps[i], 3, id);
+            const unsigned s0 = sym[i];
+            AddToSlot(s0 != 0 ? DenseSlot(0, s0) : &m_others.Slot(Pack(&cps[i], 1)), id);
+            if (i + 1 < n) {
+                const unsigned s1 = sym[i + 1];
+                const size_t at2 = size_t(s0) * kSymbols + s1;
+                AddToSlot(s0 != 0 && s1 != 0 ? DenseSlot(1, at2) : &m_others.Slot(Pack(&cps[i], 2)), id);
+                if (i + 2 < n) {
+                    const unsigned s2 = sym[i + 2];
+                    AddToSlot(dense3 && s0 != 0 && s1 != 0 && s2 != 0 ? &m_dense[2][at2 * kSymbols + s2]
+                                                                       : &m_others.Slot(Pack(&cps[i], 3)),
+                              id);
+                }
+            }
         }
+    }
+
+    // The slot of a gram in the flat table of grams of length + 1 characters.
+    uint32_t *DenseSlot(int length, size_t at)
+    {
+        std::vector<uint32_t> &dense = m_dense[length];
+        if (dense.empty())
+            dense.assign(length == 0 ? kSymbols : kSymbols * kSymbols, 0);
+        return &dense[at];
+    }
+
+    // Runs once per gram of every text: the repeat of an id is turned away in line.
+    KELVO_QS_INLINE void AddToSlot(uint32_t *slot, int id)
+    {
+        const uint32_t list = *slot;
+        if (list == 0) {
+            NewList(slot, id);
+            return;
+        }
+        Posting &posting = m_lists[list];
+        if (posting.count > 0 && posting.last == id)
+            return;
+        posting.Add(id);
+    }
+
+    KELVO_QS_NOINLINE void NewList(uint32_t *slot, int id)
+    {
+        m_lists.emplace_back();
+        *slot = uint32_t(m_lists.size() - 1);
+        m_lists.back().Add(id);
     }
 
     void Search(const std::wstring &key, std::vector<int> &ids);
@@ -314,12 +464,34 @@ public:
     bool m_textsSorted = true;
 
 private:
+    // Moves the lists of table-character triples from the map to their flat table. The
+    // map keeps its entries, but they are not looked up again.
+    void MakeDenseTrigrams()
+    {
+        std::vector<uint32_t> &dense = m_dense[2];
+        dense.assign(size_t(kSymbols) * kSymbols * kSymbols, 0);
+        m_others.ForEach([&dense](uint64_t key, uint32_t list) {
+            if ((key >> 42) == 0)
+                return; // a shorter gram
+            const char32_t g[3] = {char32_t((key >> 42) - 1), char32_t(((key >> 21) & 0x1FFFFF) - 1),
+                                   char32_t((key & 0x1FFFFF) - 1)};
+            size_t at = 0;
+            for (char32_t c : g) {
+                const unsigned sym = Symbol(c);
+                if (sym == 0)
+                    return;
+                at = at * kSymbols + sym;
+            }
+            dense[at] = list;
+        });
+    }
+
     // Whether the gram goes to the flat table of its length, and at which place.
-    static bool InDenseTable(const char32_t *g, int len, size_t &at)
+    bool InDenseTable(const char32_t *g, int len, size_t &at) const
     {
         at = 0;
-        if (len > 2)
-            return false; // a flat trigram table would cost every small index a megabyte
+        if (len > 2 && m_dense[2].empty())
+            return false; // a small index keeps its triples in the map
         for (int i = 0; i < len; ++i) {
             const unsigned sym = Symbol(g[i]);
             if (sym == 0)
@@ -337,10 +509,11 @@ private:
         return key;
     }
 
-    std::vector<uint32_t> m_dense[2]; // grams of one and two table characters
+    std::vector<uint32_t> m_dense[3]; // grams of one, two and three table characters
     GramMap m_others;
     std::string m_chars;
     std::vector<char32_t> m_scratchCps;
+    std::vector<unsigned> m_scratchSymbols;
     std::string m_scratchUtf8;
 };
 

@@ -91,6 +91,8 @@ public:
 
     void AddText(const QString &text)
     {
+        if (AddAsciiText(text))
+            return;
         const QString upper = text.toUpper();
         AssignWide(m_wide, upper);
         std::size_t begin = 0, end = m_wide.size();
@@ -119,6 +121,51 @@ public:
     std::size_t FirstCheck() const { return m_firstCheck; }
 
 private:
+    // A text of ASCII only (codes, English names) needs neither Qt's case mapping nor the
+    // phonetic tables: its upper case is ASCII, and both of its phonetic forms are its
+    // letters and digits, upper-cased. Does what the general path does, for such a text.
+    bool AddAsciiText(const QString &text)
+    {
+        const int size = text.size();
+        const QChar *chars = text.constData();
+        for (int i = 0; i < size; ++i) {
+            if (chars[i].unicode() >= 0x80)
+                return false;
+        }
+        m_wide.resize(std::size_t(size));
+        m_piece.clear();
+        bool spelled = true; // the phonetic forms see the text up to its first NUL
+        for (int i = 0; i < size; ++i) {
+            wchar_t c = wchar_t(chars[i].unicode());
+            if (c >= L'a' && c <= L'z')
+                c = wchar_t(c - L'a' + L'A');
+            m_wide[std::size_t(i)] = c;
+            spelled = spelled && c != 0;
+            if (spelled && ((c >= L'A' && c <= L'Z') || (c >= L'0' && c <= L'9')))
+                m_piece += c;
+        }
+        std::size_t begin = 0, end = m_wide.size();
+        while (begin < end && QChar::isSpace(char32_t(m_wide[begin])))
+            ++begin;
+        while (end > begin && QChar::isSpace(char32_t(m_wide[end - 1])))
+            --end;
+        m_key.assign(m_wide, begin, end - begin);
+        File(m_key);
+
+        std::size_t mark = m_texts.size();
+        m_texts.append(m_wide.begin(), m_wide.end());
+        Keep(mark);
+
+        // Both forms are the one piece; the second would be a repeat of the first.
+        if (!m_piece.empty()) {
+            File(m_piece);
+            mark = m_texts.size();
+            m_texts.append(m_piece.begin(), m_piece.end());
+            Keep(mark);
+        }
+        return true;
+    }
+
     void AddPieces(const std::wstring &text, bool file, bool check)
     {
         for (int form = 0; form < 2; ++form) {
