@@ -6,10 +6,8 @@
 
 #include <QAction>
 #include <QLabel>
-#include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -24,20 +22,12 @@ void PickInMenu(QMenu *menu, QAction *action)
     QTest::mouseClick(menu, Qt::LeftButton, {}, row.center());
 }
 
-QAction *ActionByText(QMenu *menu, QString const &text)
-{
-    for (QAction *action : menu->actions()) {
-        if (action->text() == text)
-            return action;
-    }
-    return nullptr;
-}
-
-QStringList ListedTexts(QMenu *menu)
+// The texts of the rows listed, or of the checked ones only.
+QStringList Texts(QMenu *menu, bool checkedOnly = false)
 {
     QStringList texts;
     for (QAction *action : menu->actions()) {
-        if (action->isVisible() && !action->isSeparator())
+        if (action->isVisible() && !action->isSeparator() && (!checkedOnly || action->isChecked()))
             texts << action->text();
     }
     return texts;
@@ -49,290 +39,223 @@ class TestTradeMenuButton : public QObject
 {
     Q_OBJECT
 private slots:
-    void pickUpdatesTextAndData_data();
-    void pickUpdatesTextAndData();
-    void setCheckedByData_data();
-    void setCheckedByData();
-    void itemsWithSameTextShareOneEntry();
-    void widgetRowsHideWithTheirSeparator();
-    void menuFollowsScale();
-
-    void enhListsOnlyOtherChoices();
-    void enhSetItemChecked();
-    void enhClearAndRefill();
-    void enhScaleReachesMenuAndLayout_data();
-    void enhScaleReachesMenuAndLayout();
-};
-
-void TestTradeMenuButton::pickUpdatesTextAndData_data()
-{
-    QTest::addColumn<bool>("showText");
-    QTest::newRow("text follows") << true;
-    QTest::newRow("text stays") << false;
-}
-
-void TestTradeMenuButton::pickUpdatesTextAndData()
-{
-    QFETCH(bool, showText);
-    TTradeMenuButton button(1.0f, nullptr);
-    // Before the first item there is no menu, and calls that need one do nothing.
-    button.SetMenuFixWidth(200);
-    button.SetCheckedItemByData(1);
-    QVERIFY(!button.GetMenu());
-    QVERIFY(!button.CurrentData().isValid());
-
-    button.setText(QStringLiteral("Order type"));
-    button.SetShowText(showText);
-    button.AddItem(QStringLiteral("Limit"), 1);
-    QCOMPARE(button.menu(), static_cast<QMenu *>(button.GetMenu()));
-    QVERIFY(!button.CurrentData().isValid()); // no choice yet
-    QAction *market = button.AddItem(QStringLiteral("Market"), 2);
-    button.AddItem(QStringLiteral("Stop"), 3);
-    QSignalSpy picked(&button, &TTradeMenuButton::SelectItem);
-
-    PickInMenu(button.GetMenu(), market);
-    QCOMPARE(picked.count(), 1);
-    QCOMPARE(picked.at(0).at(0).toInt(), 2);
-    QCOMPARE(button.CurrentData().toInt(), 2);
-    QCOMPARE(button.text(), showText ? QStringLiteral("Market") : QStringLiteral("Order type"));
-
-    // The same choice again is reported again.
-    PickInMenu(button.GetMenu(), market);
-    QCOMPARE(picked.count(), 2);
-}
-
-void TestTradeMenuButton::setCheckedByData_data()
-{
-    QTest::addColumn<QVariant>("data");
-    QTest::addColumn<bool>("uncheckOthers");
-    QTest::addColumn<QString>("givenText");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("current");
-    QTest::addColumn<QStringList>("checked");
-
-    QTest::newRow("match") << QVariant(2) << false << QString() << "Market" << 2 << QStringList{"Limit", "Market"};
-    QTest::newRow("match, uncheck others") << QVariant(2) << true << QString() << "Market" << 2
-                                           << QStringList{"Market"};
-    QTest::newRow("match, own text") << QVariant(3) << true << "Stop 5%" << "Stop 5%" << 3 << QStringList{"Stop"};
-    QTest::newRow("no match keeps the choice") << QVariant(9) << false << QString() << "Limit" << 1
-                                               << QStringList{"Limit"};
-    QTest::newRow("no match, uncheck others") << QVariant(9) << true << "x" << "Limit" << 1 << QStringList();
-}
-
-void TestTradeMenuButton::setCheckedByData()
-{
-    QFETCH(QVariant, data);
-    QFETCH(bool, uncheckOthers);
-    QFETCH(QString, givenText);
-    QFETCH(QString, text);
-    QFETCH(int, current);
-    QFETCH(QStringList, checked);
-
-    TTradeMenuButton button(1.0f, nullptr);
-    button.SetShowText(false); // programmatic selection shows the text regardless
-    QList<QAction *> actions;
-    actions << button.AddItem(QStringLiteral("Limit"), 1) << button.AddItem(QStringLiteral("Market"), 2)
-            << button.AddItem(QStringLiteral("Stop"), 3);
-    for (QAction *a : actions)
-        a->setCheckable(true);
-    button.SetCheckedItemByData(1);
-    QSignalSpy picked(&button, &TTradeMenuButton::SelectItem);
-
-    if (givenText.isNull() && !uncheckOthers)
-        button.SetCheckedItemByData(data);
-    else
-        button.SetCheckedItemByData(data, uncheckOthers, givenText);
-
-    QCOMPARE(button.text(), text);
-    QCOMPARE(button.CurrentData().toInt(), current);
-    QStringList nowChecked;
-    for (QAction *a : actions) {
-        if (a->isChecked())
-            nowChecked << a->text();
+    void pickUpdatesTextAndData_data()
+    {
+        QTest::addColumn<bool>("showText");
+        QTest::newRow("text follows") << true;
+        QTest::newRow("text stays") << false;
     }
-    QCOMPARE(nowChecked, checked);
-    QCOMPARE(picked.count(), 0);
-}
+    void pickUpdatesTextAndData()
+    {
+        QFETCH(bool, showText);
+        TTradeMenuButton button(1.0f, nullptr);
+        // Before the first item there is no menu, and calls that need one do nothing.
+        button.SetMenuFixWidth(200);
+        button.SetCheckedItemByData(1);
+        QVERIFY(!button.GetMenu());
+        QVERIFY(!button.CurrentData().isValid());
 
-void TestTradeMenuButton::itemsWithSameTextShareOneEntry()
-{
-    TTradeMenuButton button(1.0f, nullptr);
-    button.AddItem(QStringLiteral("Day"), 1);
-    button.AddItem(QStringLiteral("Day"), 2);
-    button.SetCheckedItemByData(1); // the first "Day" was replaced in the table
-    QVERIFY(!button.CurrentData().isValid());
-    button.SetCheckedItemByData(2);
-    QCOMPARE(button.CurrentData().toInt(), 2);
-    QCOMPARE(button.GetMenu()->actions().size(), 2); // both rows stay in the menu
-}
+        button.setText(QStringLiteral("Order type"));
+        button.SetShowText(showText);
+        button.AddItem(QStringLiteral("Limit"), 1);
+        QCOMPARE(button.menu(), static_cast<QMenu *>(button.GetMenu()));
+        QVERIFY(!button.CurrentData().isValid()); // no choice yet
+        QAction *market = button.AddItem(QStringLiteral("Market"), 2);
+        QSignalSpy picked(&button, &TTradeMenuButton::SelectItem);
+        PickInMenu(button.GetMenu(), market);
+        PickInMenu(button.GetMenu(), market); // the same choice again is reported again
+        QCOMPARE(picked.count(), 2);
+        QCOMPARE(picked.at(0).at(0).toInt(), 2);
+        QCOMPARE(button.CurrentData().toInt(), 2);
+        QCOMPARE(button.text(), showText ? QStringLiteral("Market") : QStringLiteral("Order type"));
+    }
 
-void TestTradeMenuButton::widgetRowsHideWithTheirSeparator()
-{
-    TTradeMenuButton button(1.0f, nullptr);
-    button.AddWidgetItem(nullptr, 7, true); // ignored
-    QVERIFY(!button.GetMenu());
+    // Starting from "Limit" chosen by program; the short overload when no text is given
+    // and others stay checked.
+    void setCheckedByData_data()
+    {
+        QTest::addColumn<QVariant>("data");
+        QTest::addColumn<bool>("uncheckOthers");
+        QTest::addColumn<QString>("givenText");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("current");
+        QTest::addColumn<QStringList>("checked");
+        QTest::newRow("match") << QVariant(2) << false << QString() << "Market" << 2 << QStringList{"Limit", "Market"};
+        QTest::newRow("match, uncheck others") << QVariant(2) << true << QString() << "Market" << 2
+                                               << QStringList{"Market"};
+        QTest::newRow("match, own text") << QVariant(3) << true << "Stop 5%" << "Stop 5%" << 3 << QStringList{"Stop"};
+        QTest::newRow("match, own text, others kept") << QVariant(3) << false << "Stop 5%" << "Stop 5%" << 3
+                                                      << QStringList{"Limit", "Stop"};
+        QTest::newRow("no match keeps the choice") << QVariant(9) << false << QString() << "Limit" << 1
+                                                   << QStringList{"Limit"};
+        QTest::newRow("no match, uncheck others") << QVariant(9) << true << "x" << "Limit" << 1 << QStringList();
+    }
+    void setCheckedByData()
+    {
+        QFETCH(QVariant, data);
+        QFETCH(bool, uncheckOthers);
+        QFETCH(QString, givenText);
+        QFETCH(QString, text);
+        QFETCH(int, current);
+        QFETCH(QStringList, checked);
+        TTradeMenuButton button(1.0f, nullptr);
+        button.SetShowText(false); // a selection by program shows the text regardless
+        int id = 0;
+        for (char const *item : {"Limit", "Market", "Stop"})
+            button.AddItem(QString::fromLatin1(item), ++id)->setCheckable(true);
+        button.SetCheckedItemByData(1);
+        QSignalSpy picked(&button, &TTradeMenuButton::SelectItem);
+        if (givenText.isNull() && !uncheckOthers)
+            button.SetCheckedItemByData(data);
+        else
+            button.SetCheckedItemByData(data, uncheckOthers, givenText);
+        QCOMPARE(button.text(), text);
+        QCOMPARE(button.CurrentData().toInt(), current);
+        QCOMPARE(Texts(button.GetMenu(), true), checked);
+        QCOMPARE(picked.count(), 0);
+    }
 
-    auto *row = new QLabel(QStringLiteral("Stop price"));
-    QPointer<QLabel> watched(row);
-    button.AddWidgetItem(row, 7, true);
-    button.AddItem(QStringLiteral("Limit"), 1);
-    TMenu *menu = button.GetMenu();
-    QCOMPARE(menu->actions().size(), 3); // widget row, separator, item
-    QAction *widgetAction = menu->actions().at(0);
-    QAction *separator = menu->actions().at(1);
-    QVERIFY(separator->isSeparator());
+    void itemsWithSameTextShareOneEntry()
+    {
+        TTradeMenuButton button(1.0f, nullptr);
+        button.AddItem(QStringLiteral("Day"), 1);
+        button.AddItem(QStringLiteral("Day"), 2);
+        button.SetCheckedItemByData(1); // the first "Day" was replaced in the table
+        QVERIFY(!button.CurrentData().isValid());
+        button.SetCheckedItemByData(2);
+        QCOMPARE(button.CurrentData().toInt(), 2);
+        QCOMPARE(button.GetMenu()->actions().size(), 2); // both rows stay in the menu
+    }
 
-    button.SetCheckedItemByData(7); // widget rows are no choices
-    QVERIFY(!button.CurrentData().isValid());
+    void widgetRowsHideWithTheirSeparator()
+    {
+        TTradeMenuButton button(1.0f, nullptr);
+        button.AddWidgetItem(nullptr, 7, true); // ignored
+        QVERIFY(!button.GetMenu());
+        auto *row = new QLabel(QStringLiteral("Stop price"));
+        button.AddWidgetItem(row, 7, true);
+        button.AddItem(QStringLiteral("Limit"), 1);
+        TMenu *menu = button.GetMenu();
+        QCOMPARE(menu->actions().size(), 3); // widget row, separator, item
+        QAction *widgetAction = menu->actions().at(0);
+        QAction *separator = menu->actions().at(1);
+        QVERIFY(separator->isSeparator());
+        button.SetCheckedItemByData(7); // widget rows are no choices
+        QVERIFY(!button.CurrentData().isValid());
 
-    menu->popup(QPoint(0, 0));
-    QVERIFY(QTest::qWaitForWindowExposed(menu));
-    QVERIFY(row->isVisible());
-    button.SetWidgetItemVisible(7, false);
-    QVERIFY(!widgetAction->isVisible());
-    QVERIFY(!separator->isVisible());
-    QVERIFY(row->isHidden());
-    button.SetWidgetItemVisible(8, true); // unknown data: nothing
-    QVERIFY(!separator->isVisible());
-    button.SetWidgetItemVisible(7, true);
-    QVERIFY(widgetAction->isVisible() && separator->isVisible());
-    menu->hide();
+        menu->popup(QPoint(0, 0));
+        QVERIFY(QTest::qWaitForWindowExposed(menu));
+        QVERIFY(row->isVisible());
+        button.SetWidgetItemVisible(7, false);
+        QVERIFY(!widgetAction->isVisible() && !separator->isVisible() && row->isHidden());
+        button.SetWidgetItemVisible(8, true); // unknown data: nothing
+        QVERIFY(!separator->isVisible());
+        button.SetWidgetItemVisible(7, true);
+        QVERIFY(widgetAction->isVisible() && separator->isVisible());
+        menu->hide();
+        // The menu owned the separator: after a clear a later call must not touch it.
+        menu->clear();
+        button.SetWidgetItemVisible(7, false);
+    }
 
-    // The menu owns the separator and the widget action owns the widget: after a clear
-    // the row is gone and a later call must not touch it.
-    menu->clear();
-    button.SetWidgetItemVisible(7, false);
-    QVERIFY(watched); // the action belongs to the button, so its widget is still alive
-}
+    void menuFollowsScale()
+    {
+        TTradeMenuButton button(1.5f, nullptr);
+        button.AddItem(QStringLiteral("Limit"), 1);
+        QCOMPARE(button.GetMenu()->minimumWidth(), 169); // int(113 * 1.5)
+        button.SetMenuFixWidth(200);
+        QCOMPARE(button.GetMenu()->width(), 300);
+        button.SetScale(2.0f);
+        QCOMPARE(button.GetMenu()->width(), 400);
+    }
 
-void TestTradeMenuButton::menuFollowsScale()
-{
-    TTradeMenuButton button(1.5f, nullptr);
-    button.AddItem(QStringLiteral("Limit"), 1);
-    QCOMPARE(button.GetMenu()->minimumWidth(), 169); // int(113 * 1.5)
-    button.SetMenuFixWidth(200);
-    QCOMPARE(button.GetMenu()->width(), 300);
-    button.SetScale(2.0f);
-    QCOMPARE(button.GetMenu()->width(), 400);
-}
+    // The menu lists the choices the button does not show; a pick swaps them.
+    void enhSwapsTheChoiceOnShow_data() { pickUpdatesTextAndData_data(); }
+    void enhSwapsTheChoiceOnShow()
+    {
+        QFETCH(bool, showText);
+        TTradeEnhMenuButton button(1.0f, nullptr);
+        button.SetShowText(showText);
+        button.setText(QStringLiteral("Mode"));
+        QSignalSpy picked(&button, &TTradeEnhMenuButton::SelectItem);
+        QSignalSpy shown(&button, &TTradeEnhMenuButton::MenuShow);
+        button.AddItem(QStringLiteral("A"), 1);
+        button.AddItem(QStringLiteral("B"), QStringLiteral("2")); // read with toInt()
+        button.AddItem(QStringLiteral("C"), 3);
+        QMenu *menu = button.GetMenu();
+        QCOMPARE(button.text(), QLatin1String(showText ? "A" : "Mode"));
+        QCOMPARE(button.CurrentData().toInt(), 1);
+        QCOMPARE(Texts(menu), (QStringList{"B", "C"}));
 
-void TestTradeMenuButton::enhListsOnlyOtherChoices()
-{
-    QWidget window;
-    auto *layout = new QVBoxLayout(&window);
-    auto *button = new TTradeEnhMenuButton(1.0f, nullptr);
-    layout->addWidget(button);
-    QCOMPARE(button->objectName(), QStringLiteral("TradeMenuButton"));
-    QCOMPARE(button->property("ShowMenu"), QVariant(true));
-    button->SetMenuVisible(false);
-    QCOMPARE(button->property("ShowMenu"), QVariant(false));
-    QSignalSpy picked(button, &TTradeEnhMenuButton::SelectItem);
-    QSignalSpy shown(button, &TTradeEnhMenuButton::MenuShow);
-    button->AddItem(QStringLiteral("A"), 1);
-    button->AddItem(QStringLiteral("B"), 2);
-    button->AddItem(QStringLiteral("C"), 3);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+        PickInMenu(menu, menu->actions().at(2));
+        QCOMPARE(shown.count(), 1);
+        QCOMPARE(button.text(), QLatin1String(showText ? "C" : "Mode"));
+        QCOMPARE(button.CurrentData().toInt(), 3);
+        QCOMPARE(Texts(menu), (QStringList{"A", "B"}));
+        menu->actions().at(2)->trigger(); // the current choice: nothing
+        button.SetItemChecked(3); // current already
+        button.SetItemChecked(42); // unknown
+        QCOMPARE(picked.count(), 1);
+        QCOMPARE(picked.at(0).at(0).toInt(), 3);
 
-    QCOMPARE(button->text(), QStringLiteral("A"));
-    QCOMPARE(button->CurrentData().toInt(), 1);
-    QCOMPARE(ListedTexts(button->GetMenu()), (QStringList{"B", "C"}));
-    QCOMPARE(picked.count(), 0);
+        // By program the text follows even with SetShowText(false).
+        QVERIFY(QMetaObject::invokeMethod(&button, "SetItemChecked", Q_ARG(int, 2)));
+        QCOMPARE(picked.count(), 2);
+        QCOMPARE(picked.at(1).at(0), QVariant(QStringLiteral("2")));
+        QCOMPARE(button.text(), QStringLiteral("B"));
+        QCOMPARE(Texts(menu), (QStringList{"A", "C"}));
+    }
 
-    PickInMenu(button->GetMenu(), ActionByText(button->GetMenu(), QStringLiteral("B")));
-    QCOMPARE(shown.count(), 1);
-    QCOMPARE(picked.count(), 1);
-    QCOMPARE(picked.at(0).at(0).toInt(), 2);
-    QCOMPARE(button->text(), QStringLiteral("B"));
-    QCOMPARE(ListedTexts(button->GetMenu()), (QStringList{"A", "C"}));
+    void enhClearAndRefill()
+    {
+        TTradeEnhMenuButton button(1.0f, nullptr);
+        button.ClearMenuButton(); // no menu: nothing
+        QVERIFY(!button.GetMenu());
+        button.AddItem(QStringLiteral("A"), 1);
+        button.AddItem(QStringLiteral("B"), 2);
+        TMenu *menu = button.GetMenu();
+        button.ClearMenuButton();
+        QCOMPARE(button.GetMenu(), menu);
+        QVERIFY(menu->actions().isEmpty());
+        QVERIFY(!button.CurrentData().isValid());
+        button.SetItemChecked(2); // the old items are gone
+        QCOMPARE(button.text(), QStringLiteral("A"));
 
-    // Triggering the shown choice by program changes nothing.
-    ActionByText(button->GetMenu(), QStringLiteral("B"))->trigger();
-    QCOMPARE(picked.count(), 1);
-}
+        button.AddItem(QStringLiteral("X"), 9);
+        button.AddItem(QStringLiteral("Y"), 10);
+        QCOMPARE(button.text(), QStringLiteral("X"));
+        QCOMPARE(button.CurrentData().toInt(), 9);
+        QCOMPARE(Texts(menu), QStringList{"Y"});
+    }
 
-void TestTradeMenuButton::enhSetItemChecked()
-{
-    TTradeEnhMenuButton button(1.0f, nullptr);
-    button.SetShowText(false);
-    button.setText(QStringLiteral("Mode"));
-    button.AddItem(QStringLiteral("A"), 1);
-    button.AddItem(QStringLiteral("B"), QStringLiteral("2")); // read with toInt()
-    button.AddItem(QStringLiteral("C"), 3);
-    QSignalSpy picked(&button, &TTradeEnhMenuButton::SelectItem);
-    ActionByText(button.GetMenu(), QStringLiteral("C"))->trigger(); // a pick keeps the text
-    QCOMPARE(button.text(), QStringLiteral("Mode"));
-    QCOMPARE(button.CurrentData().toInt(), 3);
-    button.SetItemChecked(1);
-    QCOMPARE(picked.count(), 2);
+    void enhScaleReachesMenuAndLayout_data()
+    {
+        QTest::addColumn<float>("scale");
+        QTest::newRow("1.5") << 1.5f;
+        QTest::newRow("2.0") << 2.0f;
+    }
+    void enhScaleReachesMenuAndLayout()
+    {
+        QFETCH(float, scale);
+        TTradeEnhMenuButton button(1.0f, nullptr);
+        button.setFixedSize(80, 24);
+        button.ScaleChanged(scale); // without a menu it only scales itself
+        QCOMPARE(button.size(), QSize(int(80 * scale), int(24 * scale)));
 
-    button.SetItemChecked(1); // current already
-    button.SetItemChecked(42); // unknown
-    QCOMPARE(picked.count(), 2);
-
-    // By program the text follows even with SetShowText(false).
-    QVERIFY(QMetaObject::invokeMethod(&button, "SetItemChecked", Q_ARG(int, 2)));
-    QCOMPARE(picked.count(), 3);
-    QCOMPARE(picked.at(2).at(0), QVariant(QStringLiteral("2")));
-    QCOMPARE(button.text(), QStringLiteral("B"));
-    QCOMPARE(ListedTexts(button.GetMenu()), (QStringList{"A", "C"}));
-    button.SetItemChecked(2);
-    QCOMPARE(picked.count(), 3);
-}
-
-void TestTradeMenuButton::enhClearAndRefill()
-{
-    TTradeEnhMenuButton button(1.0f, nullptr);
-    button.ClearMenuButton(); // no menu: nothing
-    QVERIFY(!button.GetMenu());
-    button.AddItem(QStringLiteral("A"), 1);
-    button.AddItem(QStringLiteral("B"), 2);
-    TMenu *menu = button.GetMenu();
-    button.ClearMenuButton();
-    QCOMPARE(button.GetMenu(), menu);
-    QVERIFY(menu->actions().isEmpty());
-    QVERIFY(!button.CurrentData().isValid());
-    button.SetItemChecked(2); // the old items are gone
-    QCOMPARE(button.text(), QStringLiteral("A"));
-
-    button.AddItem(QStringLiteral("X"), 9);
-    button.AddItem(QStringLiteral("Y"), 10);
-    QCOMPARE(button.text(), QStringLiteral("X"));
-    QCOMPARE(button.CurrentData().toInt(), 9);
-    QCOMPARE(ListedTexts(menu), QStringList{"Y"});
-}
-
-void TestTradeMenuButton::enhScaleReachesMenuAndLayout_data()
-{
-    QTest::addColumn<float>("scale");
-    QTest::newRow("1.5") << 1.5f;
-    QTest::newRow("2.0") << 2.0f;
-}
-
-void TestTradeMenuButton::enhScaleReachesMenuAndLayout()
-{
-    QFETCH(float, scale);
-    TTradeEnhMenuButton button(1.0f, nullptr);
-    button.setFixedSize(80, 24);
-    button.ScaleChanged(scale); // without a menu it only scales itself
-    QCOMPARE(button.size(), QSize(int(80 * scale), int(24 * scale)));
-
-    button.AddItem(QStringLiteral("A"), 1);
-    TMenu *menu = button.GetMenu();
-    menu->setFixedWidth(100);
-    QCOMPARE(menu->width(), int(100 * scale));
-    // A client may lay widgets out on the menu with a scaled column.
-    auto *column = new TVBoxLayout(scale, nullptr);
-    column->setContentsMargins(4, 4, 4, 4);
-    menu->setLayout(column);
-
-    button.ScaleChanged(1.0f);
-    QCOMPARE(button.size(), QSize(80, 24));
-    QCOMPARE(menu->GetScale(), 1.0f);
-    QCOMPARE(menu->width(), 100);
-    QCOMPARE(column->GetScale(), 1.0f);
-    QCOMPARE(column->contentsMargins(), QMargins(4, 4, 4, 4));
-}
+        button.AddItem(QStringLiteral("A"), 1);
+        TMenu *menu = button.GetMenu();
+        menu->setFixedWidth(100);
+        QCOMPARE(menu->width(), int(100 * scale));
+        // A client may lay widgets out on the menu with a scaled column.
+        auto *column = new TVBoxLayout(scale, nullptr);
+        column->setContentsMargins(4, 4, 4, 4);
+        menu->setLayout(column);
+        button.ScaleChanged(1.0f);
+        QCOMPARE(button.size(), QSize(80, 24));
+        QCOMPARE(menu->width(), 100);
+        QCOMPARE(column->contentsMargins(), QMargins(4, 4, 4, 4));
+    }
+};
 
 QTEST_MAIN(TestTradeMenuButton)
 #include "tst_trade_menu_button.moc"
