@@ -95,13 +95,7 @@ public:
             return;
         const QString upper = text.toUpper();
         AssignWide(m_wide, upper);
-        std::size_t begin = 0, end = m_wide.size();
-        while (begin < end && QChar::isSpace(char32_t(m_wide[begin])))
-            ++begin;
-        while (end > begin && QChar::isSpace(char32_t(m_wide[end - 1])))
-            --end;
-        m_key.assign(m_wide, begin, end - begin);
-        File(m_key);
+        FileTrimmedWide();
 
         const std::size_t mark = m_texts.size();
         const QByteArray bytes = upper.toUtf8();
@@ -121,6 +115,18 @@ public:
     std::size_t FirstCheck() const { return m_firstCheck; }
 
 private:
+    // Files m_wide without its leading and trailing blanks, kept in m_key.
+    void FileTrimmedWide()
+    {
+        std::size_t begin = 0, end = m_wide.size();
+        while (begin < end && QChar::isSpace(char32_t(m_wide[begin])))
+            ++begin;
+        while (end > begin && QChar::isSpace(char32_t(m_wide[end - 1])))
+            --end;
+        m_key.assign(m_wide, begin, end - begin);
+        File(m_key);
+    }
+
     // A text of ASCII only (codes, English names) needs neither Qt's case mapping nor the
     // phonetic tables: its upper case is ASCII, and both of its phonetic forms are its
     // letters and digits, upper-cased. Does what the general path does, for such a text.
@@ -144,13 +150,7 @@ private:
             if (spelled && ((c >= L'A' && c <= L'Z') || (c >= L'0' && c <= L'9')))
                 m_piece += c;
         }
-        std::size_t begin = 0, end = m_wide.size();
-        while (begin < end && QChar::isSpace(char32_t(m_wide[begin])))
-            ++begin;
-        while (end > begin && QChar::isSpace(char32_t(m_wide[end - 1])))
-            --end;
-        m_key.assign(m_wide, begin, end - begin);
-        File(m_key);
+        FileTrimmedWide();
 
         std::size_t mark = m_texts.size();
         m_texts.append(m_wide.begin(), m_wide.end());
