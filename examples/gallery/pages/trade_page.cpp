@@ -52,6 +52,7 @@ QWidget *MakeTradePage(float scale)
     price.spin->SetValueRange(0.01, 9999.99);
     price.spin->UseDefaultSignals(true);
     price.spin->setText(QStringLiteral("35.42"));
+    price.spin->setProperty("galleryHover", true); // screenshots show its step buttons
 
     FieldRow quantity = MakeRow(scale, L"gallery_trade_quantity");
     quantity.spin->SetStep(Json::Number(1, 0));

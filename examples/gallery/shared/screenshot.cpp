@@ -22,9 +22,23 @@ QString ScaleText(float scale)
     return QString::number(double(scale), 'f', 2).replace(QLatin1Char('.'), QLatin1Char('_'));
 }
 
+// Widgets that show their state only under the mouse carry the property
+// "galleryHover"; a screenshot shows them hovered.
+void HoverMarkedWidgets(QWidget &window)
+{
+    for (QWidget *widget : window.findChildren<QWidget *>()) {
+        if (widget->isVisible() && widget->property("galleryHover").toBool()) {
+            QEvent enter(QEvent::Enter);
+            QApplication::sendEvent(widget, &enter);
+        }
+    }
+}
+
 bool Shoot(GalleryWindow &window, int page, QString const &file)
 {
     window.ShowPage(page);
+    Settle();
+    HoverMarkedWidgets(window);
     Settle();
     return window.grab().save(file, "PNG");
 }
