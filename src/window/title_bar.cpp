@@ -12,7 +12,7 @@
 
 namespace {
 
-struct ButtonSpec
+struct TitleButton
 {
     CTitleBar::WindowFlag flag;
     char const *objectName;
@@ -22,7 +22,7 @@ struct ButtonSpec
 };
 
 // Left-to-right order of the buttons, which is also the order in which they are made.
-ButtonSpec const kButtonSpecs[] = {
+TitleButton const kTitleButtons[] = {
     {CTitleBar::WindowFlagTop, "top_btn", 16, L"desktop_comm_common_top", 8},
     {CTitleBar::WindowFlagSetting, "linear_setting_button", 16, L"KVS_SETTING", 5},
     {CTitleBar::WindowFlagMinimize, "minimize_btn", 26, nullptr, 0},
@@ -76,25 +76,25 @@ void CTitleBar::InitalizeUI()
 
 void CTitleBar::SetWindowFlag(QFlags<CTitleBar::WindowFlag> flags)
 {
-    for (ButtonSpec const &spec : kButtonSpecs) {
-        if (!flags.testFlag(spec.flag)) {
-            if (TToolButton *button = m_buttons[spec.flag])
+    for (TitleButton const &row : kTitleButtons) {
+        if (!flags.testFlag(row.flag)) {
+            if (TToolButton *button = m_buttons[row.flag])
                 button->setVisible(false);
             continue;
         }
-        if (spec.flag == WindowFlagClose) {
+        if (row.flag == WindowFlagClose) {
             // Only the close button may come back: owners hide it and show it again.
             if (TToolButton *close = m_buttons.value(WindowFlagClose)) {
                 close->setVisible(true);
                 continue;
             }
         }
-        TToolButton *button = AddButton(spec.flag, spec.objectName, spec.size, spec.toolTipKey);
-        if (spec.spacingAfter > 0)
-            m_buttonLayout->addSpacing(spec.spacingAfter);
-        if (spec.flag != WindowFlagTop)
+        TToolButton *button = AddButton(row.flag, row.objectName, row.size, row.toolTipKey);
+        if (row.spacingAfter > 0)
+            m_buttonLayout->addSpacing(row.spacingAfter);
+        if (row.flag != WindowFlagTop)
             button->setFocusPolicy(Qt::ClickFocus);
-        switch (spec.flag) {
+        switch (row.flag) {
         case WindowFlagTop:
             button->setCheckable(true);
             connect(button, &TToolButton::clicked, this, [this, button] { OnTopButtonClicked(button); });
@@ -104,7 +104,7 @@ void CTitleBar::SetWindowFlag(QFlags<CTitleBar::WindowFlag> flags)
             connect(button, &TToolButton::clicked, this, &CTitleBar::OnCloseButtonClicked);
             break;
         default:
-            connect(button, &TToolButton::clicked, this, [this, flag = spec.flag] { emit ButtonClicked(flag); });
+            connect(button, &TToolButton::clicked, this, [this, flag = row.flag] { emit ButtonClicked(flag); });
             break;
         }
     }
