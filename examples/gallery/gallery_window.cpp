@@ -73,6 +73,8 @@ void GalleryWindow::ApplyScale(float scale)
 
 void GalleryWindow::BuildMenus()
 {
+    // clear() only removes the actions; the menus it made would outlive a retranslation.
+    qDeleteAll(m_menuBar->findChildren<QMenu *>(QString(), Qt::FindDirectChildrenOnly));
     m_menuBar->clear();
 
     QMenu *scaleMenu = m_menuBar->addMenu(GalleryTheme::Text(L"gallery_menu_scale"));

@@ -16,15 +16,16 @@ std::vector<GalleryPage> &Registry()
 
 std::vector<GalleryPage> const &GalleryPages()
 {
-    auto &pages = Registry();
-    std::stable_sort(pages.begin(), pages.end(),
-                     [](GalleryPage const &a, GalleryPage const &b) { return a.order < b.order; });
-    return pages;
+    return Registry();
 }
 
+// Kept in order as pages register, so that readers never sort.
 GalleryPageRegistrar::GalleryPageRegistrar(GalleryPage page)
 {
-    Registry().push_back(std::move(page));
+    auto &pages = Registry();
+    auto const at = std::upper_bound(pages.begin(), pages.end(), page.order,
+                                     [](int order, GalleryPage const &p) { return order < p.order; });
+    pages.insert(at, std::move(page));
 }
 
 QWidget *MakeGallerySection(float scale, QString const &caption, QWidget *content)
