@@ -656,6 +656,11 @@ void QuickSearch::Search(const std::wstring &key, std::vector<int> &ids) const
     d->Search(key, ids);
 }
 
+bool QuickSearch::AnswersExactly() const
+{
+    return true;
+}
+
 std::size_t QuickSearch::TextCount() const
 {
     d->SortTexts();

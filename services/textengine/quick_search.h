@@ -47,6 +47,10 @@ public:
     void InsertSearchIndex(const std::wstring &text, int id);
     // Replaces the contents of ids with the answer for key (see above).
     void Search(const std::wstring &key, std::vector<int> &ids) const;
+    // Whether Search answers exactly as described above, so that a caller need not
+    // confirm its ids against the texts it filed. True for this index; a stand-in that
+    // only pre-selects (any superset of the answer will do for a filter) says false.
+    bool AnswersExactly() const;
 
     // Number of distinct texts held, counted per id.
     std::size_t TextCount() const;

@@ -43,13 +43,15 @@ void UpperCaseInPlace(std::wstring &text)
 
 // Whether upper-casing `text` changed nothing but ASCII letters. The phonetic forms fold
 // ASCII case and skip blanks, so such a text has the forms of its trimmed upper case.
+// A text with surrogates answers false too: the wide and the UTF-8 conversions need not
+// agree on a broken pair.
 bool OnlyAsciiCaseDiffers(const QString &text, const QString &upper)
 {
     if (text.size() != upper.size())
         return false;
     for (int i = 0; i < text.size(); ++i) {
         const ushort c = text.at(i).unicode();
-        if (c != upper.at(i).unicode() && !(c >= 'a' && c <= 'z'))
+        if ((c != upper.at(i).unicode() && !(c >= 'a' && c <= 'z')) || QChar::isSurrogate(c))
             return false;
     }
     return true;
@@ -85,6 +87,7 @@ public:
     void BeginRow(int id)
     {
         m_id = id;
+        m_exact = true;
         m_filedCount = 0;
         m_firstCheck = m_offsets.size();
     }
@@ -103,16 +106,24 @@ public:
         Keep(mark);
 
         // The compare forms are the phonetic pieces of the text as it stands; they are
-        // the filed ones unless upper-casing went beyond ASCII letters.
+        // those of the upper case unless upper-casing went beyond ASCII letters. Then
+        // both sets are filed, and the row's compare forms are no longer exactly its
+        // filed texts (see Exact).
         const bool same = OnlyAsciiCaseDiffers(text, upper);
         AddPieces(m_key, true, same);
         if (!same) {
             AssignWide(m_original, text);
-            AddPieces(m_original, false, true);
+            AddPieces(m_original, true, true);
+            m_exact = false;
         }
     }
 
     std::size_t FirstCheck() const { return m_firstCheck; }
+    // Whether the row's filed texts contain a key without wildcards exactly when its
+    // compare forms do, so that the search service's answer needs no confirming. The
+    // filed texts are trimmed, but a trimmed key occurs in a text only within its
+    // trimmed span.
+    bool Exact() const { return m_exact; }
 
 private:
     // Files m_wide without its leading and trailing blanks, kept in m_key.
@@ -227,6 +238,7 @@ private:
     std::vector<std::size_t> &m_offsets;
     PyNameMgr *m_py;
     int m_id = 0;
+    bool m_exact = true;
     std::size_t m_firstCheck = 0;
     std::vector<std::wstring> m_filed;
     std::size_t m_filedCount = 0;
@@ -367,7 +379,7 @@ void CMultiCheckBoxModel::BuildDataIndex(const std::vector<RowItemPtr> &rows)
             if (cell && !cell->GetDisplayText().isEmpty())
                 builder.AddText(cell->GetDisplayText());
         }
-        index->push_back({row, builder.FirstCheck()});
+        index->push_back({row, builder.FirstCheck(), builder.Exact()});
     }
     m_checkOffsets.push_back(m_checkTexts.size());
     m_index = std::move(index);
@@ -419,10 +431,14 @@ void CMultiCheckBoxModel::FilterDataByKeyWord(const std::wstring &keyword)
             const QByteArray full = (QLatin1Char('*') + pattern + QLatin1Char('*')).toUtf8();
             const QByteArray plain = IsPlainKey(key) ? full.mid(1, full.size() - 2) : QByteArray();
             m_shown.reserve(ids.size());
+            const Index &index = *m_index;
+            // For a key without wildcards an exact service has done the confirming
+            // already, on the very texts that confirming would read.
+            const bool confirmed = !plain.isNull() && m_search->AnswersExactly();
             for (int id : ids) {
                 if (id < 0 || std::size_t(id) >= entries)
                     continue;
-                if (EntryMatches(std::size_t(id), full, plain))
+                if ((confirmed && index[std::size_t(id)].exact) || EntryMatches(std::size_t(id), full, plain))
                     m_shown.push_back(unsigned(id));
             }
         }

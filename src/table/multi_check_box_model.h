@@ -138,6 +138,7 @@ private:
     struct IndexEntry {
         RowItemPtr row;
         std::size_t firstCheck;
+        bool exact; // see IndexBuilder::Exact
     };
     using Index = std::vector<IndexEntry>;
 

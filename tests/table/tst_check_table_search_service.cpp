@@ -62,6 +62,12 @@ void QuickSearch::Search(const std::wstring &key, std::vector<int> &ids) const
         ids.push_back(entry.first);
 }
 
+// It only pre-selects, so the model has to confirm every id.
+bool QuickSearch::AnswersExactly() const
+{
+    return false;
+}
+
 std::size_t QuickSearch::TextCount() const
 {
     return 0;

@@ -2,8 +2,10 @@
 
 #include "qtcomm/image_path.h"
 #include "qtcomm/skin_helper.h"
+#include "textengine/py_name_mgr.h"
 
 #include <QAbstractItemModelTester>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -147,6 +149,52 @@ private slots:
         t.model.FilterDataByKeyWord(keyword.toStdWString());
         QCOMPARE(Shown(t.model), expected);
         QCOMPARE(t.m->rowCount(), expected.size());
+    }
+
+    // The engine's answer for a plain key is taken without confirming it, so it must be
+    // what confirming every row would accept, on texts that trip the conversions too.
+    void answerIsWhatCheckingEveryRowAccepts()
+    {
+        const QString odd[] = {QString::fromUtf8("Straße ﬁx"), QString::fromUtf8("ＡＢｃ全角"),
+                               QString::fromUtf8("  padded\tTab  "), QString::fromUtf8("Émile 银行"),
+                               QString(QChar(0xD83D)) + "lone", QString::fromUtf8("x😀长江y")};
+        std::vector<Row> rows = Stocks();
+        for (const QString &text : odd)
+            rows.push_back(MakeRow(text, {text, "1"}));
+        Table t(rows);
+        PyNameMgr *py = PyNameMgr::GetInstance();
+        auto forms = [py](const QString &text) {
+            QStringList all = {text.toUpper()};
+            const std::wstring wide = text.toStdWString();
+            for (const std::wstring &spelled : {py->GetFullSpell(wide.c_str(), 0), py->GetInitialSpell(wide.c_str(), 0)})
+                all += QString::fromStdWString(spelled).toUpper().split(' ', Qt::SkipEmptyParts);
+            return all;
+        };
+        QStringList keys;
+        for (const Row &row : rows)
+            for (const auto &cell : row->GetCellItems())
+                for (const QString &form : forms(cell->GetDisplayText())) {
+                    const QVector<uint> chars = form.toUcs4(); // keys of whole characters
+                    for (int at = 0; at < chars.size(); ++at)
+                        for (int length = 1; length <= 4 && at + length <= chars.size(); ++length)
+                            keys << QString::fromUcs4(chars.constData() + at, length).toLower();
+                }
+        keys.removeDuplicates();
+        for (const QString &keyword : keys) {
+            // Not typed keys: wildcards, and the stand-in for a broken surrogate pair.
+            const QString key = keyword.trimmed().toUpper();
+            if (key.isEmpty() || key.contains(QRegularExpression("[ *?\\\\[\\x{FFFD}]")))
+                continue;
+            QStringList expected;
+            for (const Row &row : rows)
+                for (const auto &cell : row->GetCellItems())
+                    if (!cell->GetDisplayText().isEmpty() && forms(cell->GetDisplayText()).filter(key).size()) {
+                        expected << row->GetPrimaryKey();
+                        break;
+                    }
+            t.model.FilterDataByKeyWord(keyword.toStdWString());
+            QVERIFY2(Shown(t.model) == expected, qPrintable(keyword + ": " + Shown(t.model).join(',') + " / " + expected.join(',')));
+        }
     }
 
     void headCheckActsOnFilteredRowsOnly()
