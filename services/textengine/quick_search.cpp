@@ -236,14 +236,6 @@ public:
 
     size_t Bytes() const { return m_keys.capacity() * 8 + m_values.capacity() * 4; }
 
-    template<typename F>
-    void ForEach(F &&f) const
-    {
-        for (size_t i = 0; i < m_keys.size(); ++i)
-            if (m_keys[i] != 0)
-                f(m_keys[i], m_values[i]);
-    }
-
 private:
     size_t Home(uint64_t key) const { return size_t((key * 0x9E3779B97F4A7C15ull) >> m_shift); }
 
@@ -276,9 +268,6 @@ private:
 // Printable ASCII without the lower-case letters (texts are folded) gets a small number,
 // so that single characters and pairs of them index flat tables instead of the hash map.
 constexpr unsigned kSymbols = 70;
-// Triples of them get a flat table too, once an index holds this many texts: it costs
-// a megabyte and a half, which only a large index pays back.
-constexpr size_t kDenseTrigramTexts = 4096;
 
 unsigned Symbol(char32_t c)
 {
@@ -294,6 +283,31 @@ struct TextRef {
     uint32_t offset;
     uint32_t length;
 };
+
+// Ends each text in the store; no UTF-8 text holds this byte, so a search for a key
+// over all texts of an id at once never matches across two of them.
+constexpr char kTextEnd = char(0xFF);
+
+// All texts of one id, side by side in the store.
+struct IdRun {
+    int id;
+    uint32_t begin;
+    uint32_t end;
+};
+
+// The first run at or after `from` whose id is not below `id`: a step that doubles, then
+// a binary search, so that ascending ids cost little whether close together or far apart.
+const IdRun *FindRun(const IdRun *from, const IdRun *end, int id)
+{
+    size_t step = 1;
+    const IdRun *low = from;
+    while (low + step < end && low[step].id < id) {
+        low += step;
+        step *= 2;
+    }
+    const IdRun *high = low + step < end ? low + step + 1 : end;
+    return std::lower_bound(low, high, id, [](const IdRun &r, int v) { return r.id < v; });
+}
 
 } // namespace
 
@@ -343,37 +357,33 @@ public:
             if (View(m_texts[i]) == utf8)
                 return;
         }
-        if (m_chars.size() + utf8.size() > std::numeric_limits<uint32_t>::max())
+        if (m_chars.size() + utf8.size() + 1 > std::numeric_limits<uint32_t>::max())
             return; // beyond what a 32-bit offset reaches: more than any name list needs
         if (!m_texts.empty() && id < m_texts.back().id)
             m_textsSorted = false;
-        m_texts.push_back({id, uint32_t(m_chars.size()), uint32_t(utf8.size())});
+        const uint32_t offset = uint32_t(m_chars.size());
+        m_texts.push_back({id, offset, uint32_t(utf8.size())});
         m_chars += utf8;
-        if (m_dense[2].empty() && m_texts.size() >= kDenseTrigramTexts)
-            MakeDenseTrigrams();
+        m_chars += kTextEnd;
+        if (m_textsSorted) {
+            if (m_runs.empty() || m_runs.back().id != id)
+                m_runs.push_back({id, offset, offset});
+            m_runs.back().end = uint32_t(m_chars.size());
+        }
 
-        // The grams of each position, in the order Add would take them; the flat-table
-        // places roll along the text instead of being worked out per gram.
+
+        // The single characters and the pairs of each position. A pair's flat-table place
+        // is made from the two characters' numbers, each worked out once.
         const size_t n = cps.size();
-        std::vector<unsigned> &sym = m_scratchSymbols;
-        sym.resize(n);
-        for (size_t i = 0; i < n; ++i)
-            sym[i] = Symbol(cps[i]);
-        const bool dense3 = !m_dense[2].empty();
+        unsigned s0 = n > 0 ? Symbol(cps[0]) : 0;
         for (size_t i = 0; i < n; ++i) {
-            const unsigned s0 = sym[i];
             AddToSlot(s0 != 0 ? DenseSlot(0, s0) : &m_others.Slot(Pack(&cps[i], 1)), id);
-            if (i + 1 < n) {
-                const unsigned s1 = sym[i + 1];
-                const size_t at2 = size_t(s0) * kSymbols + s1;
-                AddToSlot(s0 != 0 && s1 != 0 ? DenseSlot(1, at2) : &m_others.Slot(Pack(&cps[i], 2)), id);
-                if (i + 2 < n) {
-                    const unsigned s2 = sym[i + 2];
-                    AddToSlot(dense3 && s0 != 0 && s1 != 0 && s2 != 0 ? &m_dense[2][at2 * kSymbols + s2]
-                                                                       : &m_others.Slot(Pack(&cps[i], 3)),
-                              id);
-                }
-            }
+            if (i + 1 == n)
+                break;
+            const unsigned s1 = Symbol(cps[i + 1]);
+            AddToSlot(s0 != 0 && s1 != 0 ? DenseSlot(1, size_t(s0) * kSymbols + s1) : &m_others.Slot(Pack(&cps[i], 2)),
+                      id);
+            s0 = s1;
         }
     }
 
@@ -421,6 +431,20 @@ public:
                                       return a.id == b.id && View(a) == View(b);
                                   }),
                       m_texts.end());
+        // The store is written again in that order, so that each id's texts are together.
+        std::string chars;
+        chars.reserve(m_chars.size());
+        m_runs.clear();
+        for (TextRef &t : m_texts) {
+            const uint32_t offset = uint32_t(chars.size());
+            chars.append(View(t));
+            chars += kTextEnd;
+            t.offset = offset;
+            if (m_runs.empty() || m_runs.back().id != t.id)
+                m_runs.push_back({t.id, offset, offset});
+            m_runs.back().end = uint32_t(chars.size());
+        }
+        m_chars.swap(chars);
         m_textsSorted = true;
     }
 
@@ -438,13 +462,15 @@ public:
         m_texts.shrink_to_fit();
         m_chars.clear();
         m_chars.shrink_to_fit();
+        m_runs.clear();
+        m_runs.shrink_to_fit();
         m_textsSorted = true;
     }
 
     size_t Bytes() const
     {
         size_t bytes = sizeof(*this) + m_others.Bytes() + m_lists.capacity() * sizeof(Posting)
-            + m_texts.capacity() * sizeof(TextRef) + m_chars.capacity();
+            + m_texts.capacity() * sizeof(TextRef) + m_chars.capacity() + m_runs.capacity() * sizeof(IdRun);
         for (const std::vector<uint32_t> &dense : m_dense)
             bytes += dense.capacity() * 4;
         for (const Posting &p : m_lists)
@@ -461,37 +487,14 @@ public:
 
     std::vector<Posting> m_lists;
     std::vector<TextRef> m_texts;
+    std::vector<IdRun> m_runs; // by ascending id, once the texts are sorted
     bool m_textsSorted = true;
 
 private:
-    // Moves the lists of table-character triples from the map to their flat table. The
-    // map keeps its entries, but they are not looked up again.
-    void MakeDenseTrigrams()
-    {
-        std::vector<uint32_t> &dense = m_dense[2];
-        dense.assign(size_t(kSymbols) * kSymbols * kSymbols, 0);
-        m_others.ForEach([&dense](uint64_t key, uint32_t list) {
-            if ((key >> 42) == 0)
-                return; // a shorter gram
-            const char32_t g[3] = {char32_t((key >> 42) - 1), char32_t(((key >> 21) & 0x1FFFFF) - 1),
-                                   char32_t((key & 0x1FFFFF) - 1)};
-            size_t at = 0;
-            for (char32_t c : g) {
-                const unsigned sym = Symbol(c);
-                if (sym == 0)
-                    return;
-                at = at * kSymbols + sym;
-            }
-            dense[at] = list;
-        });
-    }
-
     // Whether the gram goes to the flat table of its length, and at which place.
-    bool InDenseTable(const char32_t *g, int len, size_t &at) const
+    static bool InDenseTable(const char32_t *g, int len, size_t &at)
     {
         at = 0;
-        if (len > 2 && m_dense[2].empty())
-            return false; // a small index keeps its triples in the map
         for (int i = 0; i < len; ++i) {
             const unsigned sym = Symbol(g[i]);
             if (sym == 0)
@@ -509,11 +512,10 @@ private:
         return key;
     }
 
-    std::vector<uint32_t> m_dense[3]; // grams of one, two and three table characters
+    std::vector<uint32_t> m_dense[2]; // grams of one and two table characters
     GramMap m_others;
     std::string m_chars;
     std::vector<char32_t> m_scratchCps;
-    std::vector<unsigned> m_scratchSymbols;
     std::string m_scratchUtf8;
 };
 
@@ -548,20 +550,19 @@ void QuickSearch::Impl::Search(const std::wstring &key, std::vector<int> &ids)
     if (runs.back().empty())
         runs.pop_back();
 
-    const bool verify = checkShape || runs.size() > 1 || (runs.size() == 1 && runs[0].size() > 3);
+    const bool verify = checkShape || runs.size() > 1 || (runs.size() == 1 && runs[0].size() > 2);
 
     std::vector<int> candidates;
     if (runs.empty()) {
-        for (const TextRef &t : m_texts)
-            if (candidates.empty() || candidates.back() != t.id)
-                candidates.push_back(t.id);
+        candidates.reserve(m_runs.size());
+        for (const IdRun &r : m_runs)
+            candidates.push_back(r.id);
     } else {
         std::vector<uint32_t> lists;
         for (const std::vector<char32_t> &run : runs) {
-            const size_t len = run.size();
-            const size_t grams = len <= 3 ? 1 : len - 2;
-            for (size_t i = 0; i < grams; ++i) {
-                const uint32_t list = Find(&run[i], int(std::min<size_t>(len, 3)));
+            const int gram = run.size() < 2 ? 1 : 2;
+            for (size_t i = 0; i + gram <= run.size(); ++i) {
+                const uint32_t list = Find(&run[i], gram);
                 if (list == 0)
                     return; // a run no text contains
                 lists.push_back(list);
@@ -617,20 +618,27 @@ void QuickSearch::Impl::Search(const std::wstring &key, std::vector<int> &ids)
         pattern.insert(pattern.begin(), '*');
         pattern.push_back('*');
     }
-    auto text = m_texts.begin();
+    const IdRun *run = m_runs.data();
+    const IdRun *const runsEnd = run + m_runs.size();
     for (int id : candidates) {
-        text = std::lower_bound(text, m_texts.end(), id,
-                                [](const TextRef &t, int v) { return t.id < v; });
-        for (auto t = text; t != m_texts.end() && t->id == id; ++t) {
-            const std::string_view s = View(*t);
-            const bool hit = plain ? s.find(needle) != std::string_view::npos
-                                   : detail::WildcardMatch(pattern.data(), pattern.size(),
-                                                           s.data(), s.size());
-            if (hit) {
-                ids.push_back(id);
-                break;
+        run = FindRun(run, runsEnd, id);
+        if (run == runsEnd)
+            break;
+        if (run->id != id)
+            continue;
+        const std::string_view texts(m_chars.data() + run->begin, run->end - run->begin);
+        bool hit = false;
+        if (plain) {
+            hit = texts.find(needle) != std::string_view::npos;
+        } else {
+            for (size_t at = 0; !hit && at < texts.size();) {
+                const size_t stop = texts.find(kTextEnd, at);
+                hit = detail::WildcardMatch(pattern.data(), pattern.size(), texts.data() + at, stop - at);
+                at = stop + 1;
             }
         }
+        if (hit)
+            ids.push_back(id);
     }
 }
 
