@@ -98,8 +98,8 @@ void FetchAhead(const std::vector<CMultiCheckBoxModel::RowItemPtr> &rows, std::s
 
 } // namespace
 
-// Builds one index: files each distinct text of a row once in the search service and
-// collects the row's distinct compare forms (UTF-8) in the model's text store.
+// Builds one index: files the texts of each row in the search service (which drops a
+// row's repeats) and collects the row's compare forms (UTF-8) in the model's text store.
 class CMultiCheckBoxModel::IndexBuilder
 {
 public:

@@ -131,7 +131,7 @@ protected:
 
 private:
     // One row of the keyword index. Instead of the raw cell texts it keeps the forms the
-    // match compares (upper-cased texts and phonetic pieces, UTF-8, without repeats), so
+    // match compares (upper-cased texts and phonetic pieces, UTF-8), so
     // that a keystroke costs no conversions: they live in m_checkTexts, each followed by
     // a NUL, from m_checkOffsets[firstCheck] up to the next entry's first one.
     class IndexBuilder;
