@@ -301,11 +301,11 @@ const IdRun *FindRun(const IdRun *from, const IdRun *end, int id)
 {
     size_t step = 1;
     const IdRun *low = from;
-    while (low + step < end && low[step].id < id) {
+    while (step < size_t(end - low) && low[step].id < id) {
         low += step;
         step *= 2;
     }
-    const IdRun *high = low + step < end ? low + step + 1 : end;
+    const IdRun *high = step < size_t(end - low) ? low + step + 1 : end;
     return std::lower_bound(low, high, id, [](const IdRun &r, int v) { return r.id < v; });
 }
 
@@ -370,7 +370,6 @@ public:
                 m_runs.push_back({id, offset, offset});
             m_runs.back().end = uint32_t(m_chars.size());
         }
-
 
         // The single characters and the pairs of each position. A pair's flat-table place
         // is made from the two characters' numbers, each worked out once.
