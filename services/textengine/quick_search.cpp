@@ -395,18 +395,14 @@ public:
         return &dense[at];
     }
 
-    // Runs once per gram of every text: the repeat of an id is turned away in line.
+    // Runs once per gram of every text; Posting::Add, in line, turns away a repeated id.
     KELVO_QS_INLINE void AddToSlot(uint32_t *slot, int id)
     {
         const uint32_t list = *slot;
-        if (list == 0) {
+        if (list == 0)
             NewList(slot, id);
-            return;
-        }
-        Posting &posting = m_lists[list];
-        if (posting.count > 0 && posting.last == id)
-            return;
-        posting.Add(id);
+        else
+            m_lists[list].Add(id);
     }
 
     KELVO_QS_NOINLINE void NewList(uint32_t *slot, int id)
